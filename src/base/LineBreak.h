@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// Carriage return and line feed, wherever lines are joined.
+inline const QString LineBreak = QStringLiteral("\r\n");

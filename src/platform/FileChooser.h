@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+struct FileQuestion {
+    /// Empty for the usual title.
+    QString Title;
+    /// As "label|pattern|label|pattern".
+    QString Filter;
+    /// Name or path to begin with.
+    QString FileName;
+    /// With its dot, appended by saving to a name without extension; empty for none.
+    QString DefaultExtension;
+};
+
+/// File dialogs. The empty text is "cancelled".
+class FileChooser {
+  public:
+    virtual ~FileChooser() = default;
+
+    virtual QString OpenFile(const FileQuestion& question) = 0;
+    /// Asks before an existing file would be replaced.
+    virtual QString SaveFile(const FileQuestion& question) = 0;
+    virtual QString ChooseFolder(const QString& title, const QString& start) = 0;
+};

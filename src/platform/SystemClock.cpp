@@ -1,0 +1,3 @@
+#include "platform/Clock.h"
+
+QDateTime SystemClock::Now() const { return QDateTime::currentDateTime(); }

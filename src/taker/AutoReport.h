@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/Prompts.h"
+#include "taker/Session.h"
+
+/// How the file of an automatic report came about.
+struct WrittenReport {
+    /// Empty when nothing was written.
+    QString Path;
+    Result Outcome;
+};
+
+/// The path that "no file" has.
+inline const QString NoReportFile = QStringLiteral("<exit>");
+
+/// The directory of the automatic reports, made when it is missing, with its separator at the end; "" for the current
+/// one. A directory that can't be made is told by "Can't make directory: " + path, and "" takes its place.
+QString ReportDirectoryFor(const TestDocument& test, const QString& clientName, Prompts& prompts);
+
+/// The path of the next automatic report: directory, the autosave file name or the test's, the client's name if the
+/// test says so, and ".txt"; a number in brackets when reports are not appended and the name is taken. Shortens the
+/// test's AutosaveFileName before its first ".".
+QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& prompts);
+
+/// Whether the dialog asks before the report is written.
+bool AutoReportAsks(const Session& session);
+
+/// Writes text and a line break to path: behind what is there when append, in its place otherwise.
+Result WriteReportFile(const QString& path, const QString& text, bool append);
