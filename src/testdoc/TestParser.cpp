@@ -40,10 +40,14 @@ class Loader {
     explicit Loader(TestDocument& test)
         : test_(test), upper_(AsciiUpper(test.TestFileText)), whole_(test.TestFileText, upper_) {}
 
-    void LoadTexts() {
+    void LoadTitle() {
         test_.TestTitle = Section(u"title");
         if (test_.TestTitle.isEmpty())
             test_.TestTitle = QStringLiteral("Untitled");
+    }
+
+    void LoadTexts() {
+        LoadTitle();
         test_.TestIntroduction = Section(u"introduction");
         test_.TestCompletionMessage = Section(u"COMPLETION MESSAGE");
         test_.TestInstructions = Section(u"instructions");
@@ -362,6 +366,12 @@ void LoadTest(TestDocument& test) {
         loader.LoadQuestions();
         loader.LoadOptions();
     });
+    loader.RememberPosition();
+}
+
+void LoadTitle(TestDocument& test) {
+    Loader loader(test);
+    NamingTheFile(test, [&] { loader.LoadTitle(); });
     loader.RememberPosition();
 }
 

@@ -17,6 +17,9 @@ Result ReadTestFile(TestDocument& test, const QString& path);
 /// half filled and must not be used.
 void LoadTest(TestDocument& test);
 
+/// Only the title, from TestFileText. Throws ParseError.
+void LoadTitle(TestDocument& test);
+
 /// Only the title, introduction and instructions, from TestFileText; what the list of tests needs. Throws ParseError.
 void LoadTitleAndTexts(TestDocument& test);
 

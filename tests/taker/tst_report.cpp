@@ -19,9 +19,9 @@ const QString Ranges = QStringLiteral(
     "[TOTAL][SIG]0 to 3 =Calm[/SIG][SIG]3 to 9 =Busy[/SIG][SIG]8 to 8 =Exactly[/SIG][/TOTAL]");
 
 struct Given {
-    QString ClientName, AdministratorName;
+    QString ClientName = {}, AdministratorName = {};
     int First = 0, Third = 0;
-    QString Second, Fourth;
+    QString Second = {}, Fourth = {};
     bool BreakAfterNumber = false;
 };
 
@@ -69,11 +69,11 @@ void tst_report::BuildReport_Options_ExactText_data() {
     QTest::newRow("overlapping total ranges, lower number first")
         << Scale + Ranges << Given{.First = 2, .Third = 2}
         << Lines({e, e, e, QStringLiteral("ANALYSIS OF TOTAL SCORE:"), QStringLiteral("Busy"),
-                  QStringLiteral("Exactly"), e, e});
+                  QStringLiteral("Exactly"), e, e, e});
     QTest::newRow("a bound belongs to both ranges")
         << Scale + Ranges << Given{.First = 2}
         << Lines({e, e, e, QStringLiteral("ANALYSIS OF TOTAL SCORE:"), QStringLiteral("Calm"), QStringLiteral("Busy"),
-                  e, e});
+                  e, e, e});
     QTest::newRow("names without their prompts stay out")
         << Scale << Given{.ClientName = QStringLiteral("Ann"), .AdministratorName = QStringLiteral("Bo")}
         << Lines({e, e, e});

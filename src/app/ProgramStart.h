@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// What happens only once in a run, however often the start screen comes back.
+struct ProgramStart {
+    /// The test to begin at once; empty for none.
+    QString CommandLinePath;
+    bool SettingsLoaded = false;
+    /// A test was begun from the command line.
+    bool StartedFromCommandLine = false;
+};
+
+/// The test file that a command line names, as an absolute path: the whole line as it stands, blanks and quotes
+/// included. Only when there is no such file and the line is wrapped in one pair of double quotes are these dropped.
+/// A relative path counts from the current directory. Empty for an empty line.
+QString PathOfCommandLine(const QString& commandLine);

@@ -1,0 +1,135 @@
+#include "platform/SafeFile.h"
+
+#include "platform/FlushToDisk.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+Result Failed(const QString& path, const QString& reason, const QString& kept) {
+    return Result::Failed(QStringLiteral("Can't write the file '") + path + QStringLiteral("': ") + reason +
+                          QStringLiteral(". ") + kept);
+}
+
+QString ReasonOf(const QFile& file) {
+    return file.error() == QFileDevice::NoError ? QStringLiteral("the disk did not take it") : file.errorString();
+}
+
+void CloseToOthers(QFile& file) { file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner); }
+
+/// Writes and flushes, without what the file object still holds in memory.
+bool Put(QFile& file, const QByteArray& content) { return file.write(content) == content.size() && FlushToDisk(file); }
+
+bool Holds(const QString& path, qint64 position, const QByteArray& content) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(position) && file.readAll() == content;
+}
+
+QString FreeNameBeside(const QString& path) {
+    QString name = path + QStringLiteral(".earlier");
+    for (int k = 1; QFileInfo(name).isSymLink() || QFile::exists(name); ++k)
+        name = path + QStringLiteral(".earlier(%1)").arg(k);
+    return name;
+}
+
+/// Copies the file at path to copyPath, flushed, with the same permissions; removes a copy that failed. The reason,
+/// empty when it went well.
+QString CopyAside(const QString& path, const QString& copyPath) {
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        return source.errorString();
+    QFile copy(copyPath);
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+        return QStringLiteral("its earlier version can't be set aside as '") + copyPath + QStringLiteral("': ") +
+               copy.errorString();
+    bool copied = true;
+    while (copied && !source.atEnd()) {
+        const QByteArray block = source.read(1 << 20);
+        copied = source.error() == QFileDevice::NoError && copy.write(block) == block.size();
+    }
+    copied = copied && FlushToDisk(copy);
+    if (copied) {
+        copy.setPermissions(source.permissions());
+        return {};
+    }
+    const QString reason = QStringLiteral("its earlier version can't be set aside: ") +
+                           (source.error() != QFileDevice::NoError ? source.errorString() : ReasonOf(copy));
+    copy.close();
+    QFile::remove(copyPath);
+    return reason;
+}
+
+Result WriteNew(const QString& path, const QByteArray& content, Audience audience, bool isNew) {
+    QFile file(path);
+    const auto permissions = audience == Audience::OwnerOnly
+                                 ? QFileDevice::ReadOwner | QFileDevice::WriteOwner
+                                 : QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
+                                       QFileDevice::ReadOther;
+    // Unbuffered, so that a full disk is told by the write that meets it.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered, permissions))
+        return Result::Failed(file.errorString());
+    if (isNew && audience == Audience::OwnerOnly)
+        CloseToOthers(file);
+    if (!Put(file, content))
+        return Result::Failed(ReasonOf(file));
+    file.close();
+    const QFileInfo info(path);
+    if (info.isFile() && !Holds(path, 0, content))
+        return Result::Failed(QStringLiteral("what was read back differs from what was written"));
+    return Result::Done();
+}
+
+} // namespace
+
+Result WriteFile(const QString& path, const QByteArray& content, Audience audience) {
+    const QFileInfo info(path);
+    if (info.isDir())
+        return Failed(path, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed."));
+    const bool replaces = info.exists() && info.isFile();
+    // The copy lies beside the file itself, also when the path is a link to it.
+    const QString copy = replaces ? FreeNameBeside(info.canonicalFilePath()) : QString();
+    if (replaces) {
+        QFile target(path);
+        if (!target.open(QIODevice::ReadWrite))
+            return Failed(path, target.errorString(), QStringLiteral("The earlier version was not changed."));
+        target.close();
+        if (const QString reason = CopyAside(path, copy); !reason.isEmpty())
+            return Failed(path, reason, QStringLiteral("The earlier version was not changed."));
+    }
+
+    const Result written = WriteNew(path, content, audience, !info.exists());
+    if (!written)
+        return Failed(path, written.Message(),
+                      replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")
+                               : QStringLiteral("There was no earlier version."));
+    if (replaces && !QFile::remove(copy))
+        return Result::Failed(QStringLiteral("The file '") + path +
+                              QStringLiteral("' was written, but its earlier version stays in '") + copy +
+                              QStringLiteral("', which can't be removed."));
+    return Result::Done();
+}
+
+Result AppendToFile(const QString& path, const QByteArray& content, Audience audience) {
+    const QFileInfo info(path);
+    if (!info.exists() || !info.isFile())
+        return WriteFile(path, content, audience);
+
+    const QString unchanged = QStringLiteral("What it held before was not changed.");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+        return Failed(path, file.errorString(), unchanged);
+    const qint64 earlierLength = file.size();
+    QString reason;
+    if (!file.seek(earlierLength) || !Put(file, content))
+        reason = ReasonOf(file);
+    else if (!Holds(path, earlierLength, content))
+        reason = QStringLiteral("what was read back differs from what was written");
+    if (reason.isEmpty())
+        return Result::Done();
+
+    if (file.resize(earlierLength))
+        return Failed(path, reason, unchanged);
+    return Failed(path, reason,
+                  QStringLiteral("What it held before is still there, its first %1 bytes.").arg(earlierLength));
+}

@@ -1,0 +1,123 @@
+#include "platform/TextFile.h"
+
+#include "platform/LocaleEncoding.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QStringConverter>
+
+#include <array>
+
+namespace {
+
+// The letters of windows-1252 from 0x80 to 0x9F; 0 where the byte has none and stands for itself.
+constexpr std::array<char16_t, 32> HighLetters{
+    0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D, 0,
+    0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
+
+char16_t LetterOf(uchar byte) {
+    if (byte < 0x80 || byte > 0x9F)
+        return byte;
+    const char16_t letter = HighLetters[byte - 0x80u];
+    return letter != 0 ? letter : byte;
+}
+
+/// The byte of a character, -1 when windows-1252 has none.
+int ByteOf(char16_t letter) {
+    if (letter < 0x80 || (letter > 0x9F && letter <= 0xFF))
+        return letter;
+    for (size_t i = 0; i < HighLetters.size(); ++i)
+        if (HighLetters[i] == letter || (HighLetters[i] == 0 && letter == 0x80 + i))
+            return static_cast<int>(0x80 + i);
+    return -1;
+}
+
+QString DecodeCodePage(const QByteArray& bytes) {
+    QString text(bytes.size(), Qt::Uninitialized);
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        text[i] = QChar(LetterOf(static_cast<uchar>(bytes[i])));
+    return text;
+}
+
+bool HasHighByte(const QByteArray& bytes) {
+    for (const char byte : bytes)
+        if (static_cast<uchar>(byte) >= 0x80)
+            return true;
+    return false;
+}
+
+QString Grouped(qint64 number) { return QLocale(QLocale::English).toString(number); }
+
+/// Tabs, line ends, page breaks and the end-of-file mark of old systems occur in texts; other control characters don't.
+bool OccursInTexts(char byte) {
+    return static_cast<uchar>(byte) >= 0x20 || (byte >= '\t' && byte <= '\r') || byte == '\x1A';
+}
+
+QString WhyNoText(const QByteArray& bytes) {
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        if (!OccursInTexts(bytes[i]))
+            return QStringLiteral("it isn't a text file (the byte 0x%1 at position %2)")
+                .arg(QString::number(static_cast<uchar>(bytes[i]), 16).toUpper().rightJustified(2, u'0'))
+                .arg(i + 1);
+    return {};
+}
+
+QString TooLong(qint64 size, qint64 maxBytes) {
+    return QStringLiteral("it is %1 bytes long, and at most %2 can be read").arg(Grouped(size), Grouped(maxBytes));
+}
+
+} // namespace
+
+TextOfFile DecodeText(const QByteArray& bytes) {
+    const bool marked = bytes.startsWith("\xEF\xBB\xBF");
+    if (marked || HasHighByte(bytes)) {
+        QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+        const QString text = decoder.decode(marked ? bytes.mid(3) : bytes);
+        if (marked)
+            return {text, TextEncoding::Utf8WithMark};
+        // Bytes that end in the middle of a character are no error to the decoder, so the way back decides.
+        if (!decoder.hasError() && text.toUtf8() == bytes)
+            return {text, TextEncoding::Utf8};
+    }
+    return {DecodeCodePage(bytes), TextEncoding::CodePage};
+}
+
+Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file) {
+    const QFileInfo info(path);
+    if (info.isDir())
+        return Result::Failed(QStringLiteral("it is a directory"));
+    if (info.exists() && !info.isFile())
+        return Result::Failed(QStringLiteral("it is not a regular file"));
+    if (info.size() > maxBytes)
+        return Result::Failed(TooLong(info.size(), maxBytes));
+
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        return Result::Failed(info.exists() ? source.errorString() : QStringLiteral("there is no such file"));
+    const QByteArray bytes = source.read(maxBytes + 1);
+    if (source.error() != QFileDevice::NoError)
+        return Result::Failed(source.errorString());
+    if (bytes.size() > maxBytes)
+        return Result::Failed(TooLong(bytes.size(), maxBytes));
+    if (const QString reason = WhyNoText(bytes); !reason.isEmpty())
+        return Result::Failed(reason);
+    file = DecodeText(bytes);
+    return Result::Done();
+}
+
+QByteArray EncodeCodePage(const QString& text, bool* fits) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    bool all = true;
+    for (const QChar c : text) {
+        const int byte = ByteOf(c.unicode());
+        all = all && byte >= 0;
+        bytes += byte >= 0 ? static_cast<char>(byte) : '?';
+    }
+    if (fits)
+        *fits = all;
+    return bytes;
+}
+
+QByteArray EncodeForLocale(const QString& text) { return EncodeInLocale(text).value_or(text.toUtf8()); }
