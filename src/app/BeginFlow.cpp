@@ -32,6 +32,7 @@ bool BeginFlow::Load(const QString& path) {
 
 void BeginFlow::EndOn(const Failure& failure) {
     prompts_.Ask({failure.Message(), {}, PromptButtons::Ok, PromptIcon::Critical});
+    ended_ = true;
     navigator_.EndProgram();
 }
 

@@ -23,6 +23,7 @@ class BeginFlow {
 
     /// Shows why a test file can't be understood, and ends the program.
     void EndOn(const Failure& failure);
+    bool Ended() const { return ended_; }
 
   private:
     bool LoadTestWithQuestions(const QString& path);
@@ -30,4 +31,5 @@ class BeginFlow {
     Session& session_;
     Navigator& navigator_;
     Prompts& prompts_;
+    bool ended_ = false;
 };

@@ -1,1 +1,53 @@
 #include "cli/Tool.h"
+#include "platform/SystemPorts.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#define isatty _isatty
+#define fileno _fileno
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+// A closed stream must not let a file that is opened later take its number and the output that goes there.
+void HoldStandardStreams() {
+#ifndef Q_OS_WIN
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) == -1)
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    // A reader that goes away is told as a failed write, not by the end of the program.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::setlocale(LC_ALL, "");
+    HoldStandardStreams();
+
+    QFile in, out, err;
+    if (!in.open(stdin, QIODevice::ReadOnly) || !out.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !err.open(fileno(stderr), QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return Unusable;
+
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QFile::decodeName(argv[i]));
+
+    const SystemClock clock;
+    Console console{in, out, err, isatty(fileno(stderr)) != 0, clock, {}};
+    const QString folder = QFileInfo(QFile::decodeName(argc > 0 ? argv[0] : "")).absolutePath();
+    PeekSettings(console.UserSettings, *MakeUserSettingsStore(), {folder, folder});
+    return RunTool(arguments, console);
+}

@@ -75,9 +75,7 @@ void Type(QWidget& control, const QString& text) {
     }
 }
 
-void Press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(&widget, key, modifiers);
-}
+void Press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&widget, key, modifiers); }
 
 QString GrabToPng(QWidget& widget, const QString& name, std::source_location where) {
     const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/grabs"));
@@ -88,9 +86,12 @@ QString GrabToPng(QWidget& widget, const QString& name, std::source_location whe
     return path;
 }
 
-DialogDriver::DialogDriver(std::function<void(QDialog&)> action, int timeoutInMilliseconds,
-                           std::source_location where, FailureReport fail)
-    : action_(std::move(action)), timeout_(timeoutInMilliseconds), where_(where), fail_(std::move(fail)),
+DialogDriver::DialogDriver(std::function<void(QDialog&)> action, int timeoutInMilliseconds, std::source_location where,
+                           FailureReport fail)
+    : action_(std::move(action)),
+      timeout_(timeoutInMilliseconds),
+      where_(where),
+      fail_(std::move(fail)),
       before_(OpenModalDialogs()) {
     connect(&look_, &QTimer::timeout, this, &DialogDriver::Look);
     look_.start(LookEveryMilliseconds);

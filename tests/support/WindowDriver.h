@@ -41,8 +41,7 @@ void Type(QWidget& control, const QString& text);
 void Press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
 /// Renders the widget into "grabs/<name>.png" beside the test program and returns the path.
-QString GrabToPng(QWidget& widget, const QString& name,
-                  std::source_location where = std::source_location::current());
+QString GrabToPng(QWidget& widget, const QString& name, std::source_location where = std::source_location::current());
 
 /// Drives the next modal dialog that opens, once, from inside its event loop:
 ///

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileChooser.h"
+#include "platform/Navigator.h"
 #include "settings/Settings.h"
 
 #include <QCheckBox>
@@ -20,10 +21,7 @@ class frmOptions : public QDialog {
   public:
     /// Changes settings on Apply, Save and Restore Defaults; Save also writes them to the store.
     frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
-               QWidget* parent = nullptr);
-
-  Q_SIGNALS:
-    void HelpWanted();
+               Navigator& navigator, QWidget* parent = nullptr);
 
   private:
     QWidget* MakeGeneralPage();

@@ -1,0 +1,157 @@
+#include "app/ui/AppNavigator.h"
+
+#include "app/ui/AboutBox.h"
+#include "settings/ui/frmOptions.h"
+#include "taker/ui/frmClient.h"
+
+#include <QApplication>
+
+namespace {
+
+const QString NoEditor = QStringLiteral("The test editor is not part of this version of Vellumo yet.");
+const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
+
+template <typename Window> Window* Owned(Window* window) {
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    return window;
+}
+
+void BringUp(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
+
+AppNavigator::~AppNavigator() {
+    // Destroying a window asks nothing and shows nothing.
+    ended_ = true;
+    qDeleteAll(OwnWindows());
+}
+
+void AppNavigator::ShowStartScreen() {
+    if (ended_)
+        return;
+    // One that was closed is on its way out.
+    if (!startScreen_ || !startScreen_->isVisible())
+        startScreen_ = Owned(new Loading_Test({parts_.Run, parts_.Start, parts_.Store, parts_.Folders,
+                                               parts_.Ports.Boxes, parts_.Ports.Files, *this}));
+    startScreen_->Form_Load();
+    if (ended_ || startScreen_->BeginFromCommandLine() || ended_)
+        return;
+    BringUp(*startScreen_);
+}
+
+bool AppNavigator::CloseAllAndShowStartScreen() {
+    for (frmEdit* report : Reports())
+        if (!report->close())
+            return false;
+    if (help_)
+        help_->close();
+    // The other windows close last: the program ends with its last window.
+    const QPointer<FrmTest> testWindow = testWindow_;
+    testWindow_.clear();
+    ShowStartScreen();
+    if (testWindow && !ended_)
+        testWindow->close();
+    return true;
+}
+
+bool AppNavigator::BeginLoadedTest() {
+    if (const Result begins = CanBegin(parts_.Run.Test); !begins) {
+        parts_.Ports.Boxes.Inform(begins.Message());
+        return false;
+    }
+    testWindow_ = Owned(new FrmTest({parts_.Run, parts_.Ports.Boxes, parts_.Ports.Files, parts_.Time, parts_.Programs,
+                                     parts_.Ports.Office, *this, parts_.Exporter}));
+    BringUp(*testWindow_);
+    return true;
+}
+
+bool AppNavigator::AskNames(const QString& caption) {
+    // From the start screen no test has a say in it.
+    const NamesAsked asked = caption.isEmpty() ? NamesAsked() : NamesAskedBy(parts_.Run.Test);
+    frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked,
+                     QApplication::activeWindow());
+    window.exec();
+    return !parts_.Run.NamesCancelled;
+}
+
+void AppNavigator::ShowGeneralOptions() {
+    Settings& settings = parts_.Run.UserSettings;
+    const QString nameBefore = settings.AdministratorName;
+    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, QApplication::activeWindow()).exec();
+    // A name that was given for one test only isn't among the settings, and stays.
+    if (settings.AdministratorName != nameBefore)
+        parts_.Run.AdministratorName = settings.AdministratorName;
+}
+
+void AppNavigator::ShowText(const QString& text, const QString& caption) {
+    reports_.removeAll(nullptr);
+    auto* report = Owned(new frmEdit(parts_.Ports, *this));
+    reports_.append(report);
+    report->ShowText(text, caption);
+}
+
+void AppNavigator::ShowHelp(HelpTopic topic) {
+    // A modal window blocks all others but its own, so it gets a help window that goes with it.
+    QWidget* modal = QApplication::activeModalWidget();
+    HelpWindow* help = modal ? modal->findChild<HelpWindow*>() : help_.data();
+    if (!help || (!modal && !help->isVisible())) {
+        help = Owned(new HelpWindow(modal));
+        if (!modal)
+            help_ = help;
+    }
+    help->ShowTopic(topic);
+    BringUp(*help);
+}
+
+void AppNavigator::ShowAbout() { AboutBox(QApplication::activeWindow()).exec(); }
+
+bool AppNavigator::EditTest() {
+    EditorOpener* editor = EditorOrMessage();
+    if (editor)
+        editor->OpenOnTest();
+    return editor != nullptr;
+}
+
+bool AppNavigator::EditNewTest() {
+    EditorOpener* editor = EditorOrMessage();
+    if (editor)
+        editor->OpenOnNewTest();
+    return editor != nullptr;
+}
+
+void AppNavigator::EndProgram() {
+    ended_ = true;
+    for (QWidget* window : OwnWindows())
+        window->hide();
+    parts_.End();
+}
+
+QList<frmEdit*> AppNavigator::Reports() const {
+    QList<frmEdit*> open;
+    for (const QPointer<frmEdit>& report : reports_)
+        if (report && report->isVisible())
+            open.append(report);
+    return open;
+}
+
+EditorOpener* AppNavigator::EditorOrMessage() {
+    if (!parts_.Editor)
+        parts_.Ports.Boxes.Inform(NoEditor);
+    return parts_.Editor;
+}
+
+QWidgetList AppNavigator::OwnWindows() const {
+    QWidgetList windows;
+    for (QWidget* window : {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_),
+                            static_cast<QWidget*>(help_)})
+        if (window)
+            windows.append(window);
+    for (const QPointer<frmEdit>& report : reports_)
+        if (report)
+            windows.append(report);
+    return windows;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/Prompts.h"
+
+/// Message boxes over the active window. Texts are shown as they are, never as markup.
+class QtPrompts : public Prompts {
+  public:
+    PromptAnswer Ask(const Prompt& prompt) override;
+};

@@ -1,0 +1,29 @@
+#include "settings/DefaultFolders.h"
+
+#include "platform/Directories.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+DefaultFolders ChooseDefaultFolders(const KnownFolders& known) {
+    if (QFileInfo(known.ProgramFolder).isWritable())
+        return {known.ProgramFolder, known.ProgramFolder};
+    return {known.ProgramFolder, QDir(known.Documents).filePath(QStringLiteral("Vellumo"))};
+}
+
+void PrepareWorkingDirectory(const DefaultFolders& folders, const KnownFolders& known) {
+    if (folders.WorkingDirectory == folders.ProgramFolder)
+        return;
+    MakeDirectory(folders.WorkingDirectory);
+    if (known.Samples.isEmpty())
+        return;
+    const QDir samples(known.Samples);
+    const QDir target(folders.WorkingDirectory);
+    for (const QString& name : samples.entryList({QStringLiteral("*.vlm")}, QDir::Files)) {
+        // An installed sample may be read-only; the copy is the user's own. QFile::copy never replaces a file.
+        if (QFile::copy(samples.filePath(name), target.filePath(name)))
+            QFile::setPermissions(target.filePath(name), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                             QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    }
+}

@@ -1,0 +1,46 @@
+#include "taker/AutoReportFlow.h"
+
+#include "platform/Directories.h"
+
+const QList<OptionBox>& ReportFileBoxes() {
+    static const QList<OptionBox> boxes = {
+        {AppendToReportFile, QStringLiteral("Append to File"), OptionFrame::General},
+        {OpenReportWhenCompleted, QStringLiteral("Open Report When Created"), OptionFrame::General},
+    };
+    return boxes;
+}
+
+AutoReportForm::AutoReportForm(Session& session)
+    : session_(session), filePath_(std::exchange(session.ReportFilePath, NoReportFile)) {}
+
+void AutoReportForm::Accept(const QString& filePath, const OptionTicks& ticks) {
+    session_.ReportFilePath = filePath;
+    TakeTicks(session_.Test, ticks);
+}
+
+void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }
+
+Result AutoReportFlow::Run(const AskFunction& ask) {
+    session_.ReportFilePath = ReportPathFor(session_.Test, session_.ClientName, prompts_);
+    if (AutoReportAsks(session_)) {
+        AutoReportForm form(session_);
+        ask(form);
+    }
+    session_.Responses.SilentReport = true;
+    const Result outcome = report_.Run() == ReportOutcome::Refused ? Result::Done() : Write();
+    ChangeDirectory(session_.UserSettings.DefaultDirectory);
+    return outcome;
+}
+
+Result AutoReportFlow::Write() {
+    const QString path = session_.ReportFilePath;
+    if (path.isEmpty() || path == NoReportFile)
+        return Result::Done();
+    const TestDocument& test = session_.Test;
+    if (Result written = WriteReportFile(path, session_.ReportText, test.TestOption(AppendToReportFile)); !written) {
+        report_.ShowReport();
+        return written;
+    }
+    return test.TestOption(OpenReportWhenCompleted) ? launcher_.Open(session_.UserSettings.DefaultEditor, path)
+                                                    : Result::Done();
+}

@@ -1,0 +1,45 @@
+#include "taker/NamesForm.h"
+
+NamesAsked NamesAskedBy(const TestDocument& test) {
+    return {test.TestOption(PromptClientName), test.TestOption(PromptTesterName)};
+}
+
+NamesForm::NamesForm(Session& session, SettingsStore& store, NamesAsked asked)
+    : session_(session), store_(store), asked_(asked) {
+    session_.NamesCancelled = false;
+    if (!Persist()) {
+        session_.ClientName.clear();
+        session_.AdministratorName.clear();
+    }
+}
+
+QString NamesForm::ClientText() const { return asked_.Client ? session_.ClientName : DisabledName; }
+
+QString NamesForm::AdministratorText() const {
+    return asked_.Administrator ? session_.AdministratorName : DisabledName;
+}
+
+bool NamesForm::Persist() const { return session_.UserSettings.NamePersist; }
+
+void NamesForm::SetPersist(bool persist) {
+    session_.UserSettings.NamePersist = persist;
+    store_.Write(NamePersistKey, SettingText(persist));
+    if (persist)
+        return;
+    // Otherwise saving the general options later would bring the stored name back.
+    session_.UserSettings.AdministratorName.clear();
+    store_.Write(AdministratorNameKey, QString());
+}
+
+void NamesForm::Accept(const QString& clientText, const QString& administratorText) {
+    if (asked_.Client)
+        session_.ClientName = clientText;
+    if (asked_.Administrator)
+        session_.AdministratorName = administratorText;
+    if (!Persist())
+        return;
+    session_.UserSettings.AdministratorName = session_.AdministratorName;
+    store_.Write(AdministratorNameKey, session_.AdministratorName);
+}
+
+void NamesForm::Cancel() { session_.NamesCancelled = true; }

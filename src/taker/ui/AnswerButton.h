@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPushButton>
+
+/// One answer: a button whose text wraps, with the key that chooses it at its left. A second click in quick
+/// succession is ignored, so that a double click doesn't answer the next question, which stands in the same place.
+class AnswerButton : public QPushButton {
+  public:
+    /// number: 1 to 10; the tenth has the key 0.
+    explicit AnswerButton(int number, QWidget* parent = nullptr);
+
+    /// Shows the text as it stands; "&" is no mark for a key.
+    void SetAnswer(const QString& text);
+    /// Bold marks the answer chosen earlier.
+    void SetChosen(bool chosen);
+    /// Whether the Return key may press it: only once the person has gone to it, not while it has the focus merely
+    /// because its question came up.
+    bool TakesReturn() const { return takesReturn_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+  private:
+    int KeyWidth() const;
+    QRect TextRect(const QRect& whole) const;
+
+    QString key_;
+    bool takesReturn_ = false;
+};

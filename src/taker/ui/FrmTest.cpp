@@ -1,0 +1,325 @@
+#include "taker/ui/FrmTest.h"
+
+#include "platform/ui/GradientBackground.h"
+#include "platform/ui/HelpKey.h"
+#include "platform/ui/Named.h"
+#include "platform/ui/Typography.h"
+#include "platform/ui/WindowPlacement.h"
+#include "taker/AutoReportFlow.h"
+#include "taker/ui/DialogAutoReport.h"
+#include "taker/ui/frmOptionsTest.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QShortcut>
+
+namespace {
+
+const QString NoSpreadsheetExport =
+    QStringLiteral("The spreadsheet export is not part of this version of Vellumo yet.");
+
+QString WithoutMnemonic(QString caption) { return caption.replace(u'&', QStringLiteral("&&")); }
+
+void ClickIfSeen(QPushButton& button) {
+    if (button.isVisible())
+        button.click();
+}
+
+/// The answer that a key chooses, 1 to 10; 0 for a key that chooses none.
+int AnswerOfKey(const QKeyEvent& key) {
+    const QString text = key.text();
+    const bool alone = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!alone || key.isAutoRepeat() || text.size() != 1 || text[0] < u'0' || text[0] > u'9')
+        return 0;
+    return text[0] == u'0' ? MaxAnswers : text[0].digitValue();
+}
+
+} // namespace
+
+FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
+    : QMainWindow(parent), parts_(parts),
+      sizes_(AnswerSizesFor(parts.TheSession.Test.LongestAnswerLength, parts.TheSession.Test.MaxAnswerCount)),
+      course_(parts.TheSession) {
+    setObjectName(QStringLiteral("FrmTest"));
+    menus_ = new TestMenus(*menuBar());
+    ConnectMenus();
+    new HelpKey(*this, parts_.TheNavigator, HelpTopic::TestWindow);
+
+    answers_ = new AnswerPanel(sizes_);
+    connect(answers_, &AnswerPanel::Opt_Click, this, &FrmTest::Opt_Click);
+    connect(answers_, &AnswerPanel::Label1_Click, this, &FrmTest::Label1_Click);
+    LblStatus_ = Named(new QLabel, QStringLiteral("LblStatus"));
+    LblStatus_->setWordWrap(true);
+    LblStatus_->setTextFormat(Qt::PlainText);
+    LblStatus_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    LblStatus_->setAccessibleName(QStringLiteral("Status"));
+    LblStatus_->hide();
+
+    auto* background = new GradientBackground;
+    auto* column = new QVBoxLayout(background);
+    SetRoom(*column, 2, 2);
+    column->addWidget(MakeQuestionFrame());
+    column->addWidget(answers_, 1);
+    column->addLayout(MakeButtonRow());
+    column->addWidget(LblStatus_);
+    setCentralWidget(background);
+    Form_Load();
+}
+
+void FrmTest::Form_Load() {
+    const TestDocument& test = parts_.TheSession.Test;
+    course_.SetSpreadsheetInstalled(parts_.TheOfficeProbe.ApplicationInstalled(SpreadsheetKey, QString()));
+    menus_->SetOptionsVisible(course_.MenusVisible());
+    setWindowTitle(test.TestTitle);
+    ShowPage();
+
+    // The answers' height is given for a window without menus and status; the rest asks for its own.
+    const int chrome = menuBar()->sizeHint().height() + 12 * GridUnit;
+    resize(110 * GridUnit, qMax(70 * GridUnit, sizes_.WindowHeight + chrome));
+    CentreOnScreen(*this);
+}
+
+QWidget* FrmTest::MakeQuestionFrame() {
+    framequest_ = Named(new QGroupBox, QStringLiteral("framequest"));
+    TxtQuest_ = Named(new QuestionWindow(sizes_.QuestionHeight), QStringLiteral("TxtQuest"));
+    CmdBegin_ = MakeButton(QStringLiteral("CmdBegin"), QString(), &FrmTest::CmdBegin_Click);
+    CmdBegin_->setFont(ScaledFont(1.3));
+    CmdBegin_->setMinimumSize(20 * GridUnit, 5 * GridUnit);
+    auto* column = new QVBoxLayout(framequest_);
+    SetRoom(*column, 1, 1);
+    column->addWidget(TxtQuest_);
+    column->addWidget(CmdBegin_, 0, Qt::AlignHCenter);
+    return framequest_;
+}
+
+QLayout* FrmTest::MakeButtonRow() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(GridUnit);
+    CmdBack_ = MakeButton(QStringLiteral("CmdBack"), QStringLiteral("&Back"), &FrmTest::CmdBack_Click);
+    CmdForward_ = MakeButton(QStringLiteral("CmdForward"), QStringLiteral("&Forward"), &FrmTest::CmdForward_Click);
+    auto_ = MakeButton(QStringLiteral("auto"), QStringLiteral("&Auto-Report"), &FrmTest::auto_Click);
+    CmdExport_ = MakeButton(QStringLiteral("CmdExport"), QStringLiteral("&Export"), &FrmTest::CmdExport_Click);
+    CmdReport_ = MakeButton(QStringLiteral("CmdReport"), QStringLiteral("&Report"), &FrmTest::CmdReport_Click);
+    CmdQuit_ = MakeButton(QStringLiteral("CmdQuit"), QStringLiteral("&Quit"), &FrmTest::mnuNew_Click);
+    for (QPushButton* button : {CmdBack_, CmdForward_})
+        row->addWidget(button);
+    new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this, [this] { ClickIfSeen(*CmdBack_); });
+    new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Right), this, [this] { ClickIfSeen(*CmdForward_); });
+    row->addStretch(1);
+    for (QPushButton* button : {auto_, CmdExport_, CmdReport_, CmdQuit_})
+        row->addWidget(button);
+    return row;
+}
+
+QPushButton* FrmTest::MakeButton(const QString& name, const QString& caption, void (FrmTest::*handler)()) {
+    auto* button = Named(new QPushButton(caption), name);
+    button->setMinimumHeight(4 * GridUnit);
+    connect(button, &QPushButton::clicked, this, handler);
+    return button;
+}
+
+void FrmTest::ConnectMenus() {
+    Navigator& navigator = parts_.TheNavigator;
+    connect(menus_, &TestMenus::mnuNew_Click, this, &FrmTest::mnuNew_Click);
+    connect(menus_, &TestMenus::mnuQuit_Click, this, &FrmTest::mnuNew_Click);
+    connect(menus_, &TestMenus::edittest_Click, this, &FrmTest::edittest_Click);
+    connect(menus_, &TestMenus::mnutestshow_Click, this, &FrmTest::mnutestshow_Click);
+    connect(menus_, &TestMenus::mnut_Click, this, &FrmTest::mnut_Click);
+    connect(menus_, &TestMenus::mnuclient_Click, this,
+            [&navigator] { navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator")); });
+    connect(menus_, &TestMenus::mnugeneraloptions_Click, this, [&navigator] { navigator.ShowGeneralOptions(); });
+    connect(menus_, &TestMenus::hlpy_Click, this, [&navigator] { navigator.ShowHelp(HelpTopic::TestWindow); });
+    connect(menus_, &TestMenus::mnuhelpabout_Click, this, [&navigator] { navigator.ShowAbout(); });
+}
+
+// Showing and answering
+
+void FrmTest::Step(const std::function<void()>& step) {
+    Guarded([&] {
+        step();
+        ShowPage();
+    });
+}
+
+void FrmTest::Guarded(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        parts_.ThePrompts.Inform(failure.Message());
+    } catch (const std::exception& failure) {
+        parts_.ThePrompts.Inform(QString::fromLocal8Bit(failure.what()));
+    }
+}
+
+void FrmTest::ShowPage() {
+    framequest_->setTitle(WithoutMnemonic(course_.FrameCaption()));
+    const bool question = course_.Page() == TestPage::Question;
+    if (question)
+        TxtQuest_->ShowQuestion(course_.PageText());
+    else
+        TxtQuest_->ShowInformation(course_.PageText(),
+                                   course_.Page() == TestPage::Completed ? Qt::AlignHCenter : Qt::AlignLeft);
+    // What is shown takes the room: the answers below a question, the text alone otherwise.
+    framequest_->setSizePolicy(QSizePolicy::Expanding, question ? QSizePolicy::Maximum : QSizePolicy::Expanding);
+    answers_->setVisible(question);
+    answers_->Show(course_, parts_.TheSession);
+    ShowButtons();
+    if (course_.BeginVisible())
+        CmdBegin_->setFocus();
+    else if (!answers_->TakeFocus())
+        CmdReport_->setFocus();
+}
+
+void FrmTest::ShowButtons() {
+    CmdBegin_->setText(course_.BeginCaption());
+    CmdBegin_->setVisible(course_.BeginVisible());
+    CmdBack_->setVisible(course_.BackVisible());
+    CmdForward_->setVisible(course_.ForwardVisible());
+    auto_->setVisible(course_.AutoReportVisible());
+    CmdExport_->setVisible(course_.ExportVisible());
+    CmdReport_->setVisible(course_.ReportVisible());
+}
+
+void FrmTest::Opt_Click(int index) {
+    bool chosen = false;
+    Step([&] { chosen = course_.Choose(index); });
+    if (chosen)
+        RunCompletion();
+}
+
+void FrmTest::Label1_Click(int index) {
+    Step([&] { course_.AcceptText(answers_->TypedText(index)); });
+    RunCompletion();
+}
+
+void FrmTest::CmdBegin_Click() {
+    Step([this] { course_.Begin(); });
+}
+
+void FrmTest::CmdBack_Click() {
+    Step([this] { course_.Back(); });
+}
+
+void FrmTest::CmdForward_Click() {
+    Step([this] { course_.Forward(); });
+}
+
+void FrmTest::mnutestshow_Click(int index) {
+    const TestDocument& test = parts_.TheSession.Test;
+    if (index == 4)
+        parts_.TheNavigator.ShowText(QuestionListing(test), QStringLiteral("Test Information for ") + test.TestTitle);
+    else
+        Step([this, index] {
+            if (index == 1)
+                course_.ShowIntroduction();
+            else if (index == 2)
+                course_.ShowInstructions();
+            else
+                course_.ShowQuestionListing();
+        });
+}
+
+void FrmTest::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (const int answer = AnswerOfKey(*event); answer != 0 && course_.ShowsMultichoice()) {
+        Opt_Click(answer);
+    } else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); isReturn && button && !event->isAutoRepeat()) {
+        const auto* answerButton = dynamic_cast<AnswerButton*>(button);
+        if (!answerButton || answerButton->TakesReturn())
+            button->click();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+// Reports and leaving
+
+void FrmTest::RunCompletion() {
+    if (course_.Page() != TestPage::Completed)
+        return;
+    if (course_.WantsSpreadsheetExport())
+        Guarded([this] {
+            if (const Result exported = Exported(); !exported)
+                AddToStatus(exported.Message());
+        });
+    if (course_.WantsAutoReport())
+        RunAutoReport();
+}
+
+void FrmTest::auto_Click() {
+    ClearStatus();
+    RunAutoReport();
+}
+
+void FrmTest::RunAutoReport() {
+    const auto ask = [this](AutoReportForm& form) {
+        DialogAutoReport(form, parts_.TheSession, parts_.TheFileChooser, parts_.TheNavigator, this).exec();
+    };
+    Guarded([&] {
+        AutoReportFlow flow(parts_.TheSession, parts_.ThePrompts, parts_.TheClock, parts_.TheLauncher,
+                            parts_.TheNavigator);
+        if (const Result outcome = flow.Run(ask); !outcome)
+            AddToStatus(outcome.Message());
+    });
+}
+
+void FrmTest::CmdReport_Click() {
+    ClearStatus();
+    // The report may end the program, and this window with it; then no start screen comes.
+    const QPointer<FrmTest> alive(this);
+    leaving_ = true;
+    ReportFlow flow(parts_.TheSession, parts_.ThePrompts, parts_.TheClock, parts_.TheNavigator);
+    const ReportOutcome outcome = flow.Run();
+    if (alive)
+        leaving_ = outcome == ReportOutcome::ProgramEnds;
+}
+
+void FrmTest::CmdExport_Click() {
+    ClearStatus();
+    Guarded([this] {
+        if (const Result exported = Exported(); !exported)
+            parts_.ThePrompts.Inform(exported.Message());
+    });
+}
+
+Result FrmTest::Exported() {
+    return parts_.Exporter ? parts_.Exporter->Export(parts_.TheSession) : Result::Failed(NoSpreadsheetExport);
+}
+
+void FrmTest::AddToStatus(const QString& text) {
+    const QString before = LblStatus_->text();
+    if (before.contains(text))
+        return;
+    LblStatus_->setText(before.isEmpty() ? text : before + u'\n' + text);
+    LblStatus_->show();
+}
+
+void FrmTest::ClearStatus() {
+    LblStatus_->clear();
+    LblStatus_->hide();
+}
+
+void FrmTest::mnuNew_Click() {
+    const QPointer<FrmTest> alive(this);
+    leaving_ = true;
+    if (!parts_.TheNavigator.CloseAllAndShowStartScreen() && alive)
+        leaving_ = false;
+}
+
+void FrmTest::edittest_Click() {
+    leaving_ = parts_.TheNavigator.EditTest();
+    if (leaving_)
+        close();
+}
+
+void FrmTest::mnut_Click() { frmOptionsTest(parts_.TheSession.Test, parts_.TheNavigator, this).exec(); }
+
+// Whoever closes the window on the way to somewhere else has said so.
+void FrmTest::closeEvent(QCloseEvent* event) {
+    if (!leaving_)
+        parts_.TheNavigator.ShowStartScreen();
+    leaving_ = true;
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,361 @@
+#include "testdoc/TestChecker.h"
+
+#include "base/Text.h"
+#include "base/WholeNumber.h"
+#include "platform/TextFile.h"
+#include "testdoc/ScoreReach.h"
+#include "testdoc/TestParser.h"
+
+#include <algorithm>
+
+namespace {
+
+/// What becomes of a text in a generated page.
+enum class PageUse { Markup, Attribute, Script };
+
+QString Span(qint64 low, qint64 high) {
+    return low == high ? QString::number(low) : QStringLiteral("%1 to %2").arg(low).arg(high);
+}
+
+QString ScaleName(const TestDocument& test, int s) {
+    return s == 0 ? QStringLiteral("the total") : QStringLiteral("the sub-scale ") + Quoted(test.SubscaleName(s));
+}
+
+class DocumentChecker {
+  public:
+    explicit DocumentChecker(const TestDocument& test) : test_(test) {}
+
+    std::vector<Finding> Run() {
+        CheckWhole();
+        CheckTexts();
+        for (int s = 1; s <= test_.SubscaleCount; ++s)
+            CheckSubscale(s);
+        CheckScale(0);
+        for (int q = 1; q <= test_.QuestionCount; ++q)
+            CheckQuestion(q);
+        return std::move(findings_);
+    }
+
+  private:
+    struct Range {
+        TestPlace Place;
+        qint64 Low, High;
+    };
+
+    void Warn(const TestPlace& place, const QString& text) {
+        findings_.push_back(MakeFinding(Severity::Warning, place, test_, text));
+    }
+    void CheckWhole();
+    void CheckTexts();
+    void CheckText(const TestPlace& place, const QString& text, PageUse use);
+    void CheckTextInPage(const TestPlace& place, const QString& text, PageUse use);
+    void CheckSubscale(int s);
+    void CheckScale(int s);
+    std::vector<Range> UsableRanges(int s);
+    void CheckRange(const Range& range, const ScaleScores& scores);
+    void CheckOverlaps(const std::vector<Range>& ranges);
+    void CheckGaps(int s, std::vector<Range> ranges, const ScaleScores& scores);
+    void CheckQuestion(int q);
+    void CheckAnswers(int q);
+
+    const TestDocument& test_;
+    std::vector<Finding> findings_;
+};
+
+void DocumentChecker::CheckWhole() {
+    if (test_.QuestionCount == 0)
+        findings_.push_back(MakeFinding(Severity::Error, {}, test_,
+                                        QStringLiteral("The test '") + test_.TestTitle +
+                                            QStringLiteral("' has no questions.")));
+    const ScaleScores total = ScoresOfScale(test_, 0);
+    if (total.WithGaps.Highest() > 32767 || total.WithGaps.Lowest() < -32768)
+        Warn({}, QStringLiteral("the total score can leave -32768 to 32767; such a report is refused with \"Overflow\""));
+    if (test_.TemplateAnswerCount > MaxAnswers)
+        Warn({TestPlace::TemplateAnswer, 0, MaxTemplateAnswers},
+             QStringLiteral("a question takes at most %1 answers from the template").arg(MaxAnswers));
+    if (test_.TestOption(PromptClientName))
+        return;
+    for (const Option option : {AutosaveReportAsClient, AutosaveReportDirectoryAsClient, AutosaveExcelDirectoryAsClient,
+                                AutosaveExcelReportAsClient})
+        if (test_.TestOption(option))
+            Warn({}, test_.OptionTag(option) + QStringLiteral(" is set, but the test doesn't ask for the client's name ") +
+                         test_.OptionTag(PromptClientName));
+}
+
+void DocumentChecker::CheckTexts() {
+    CheckText({TestPlace::Title, 0, 0}, test_.TestTitle, PageUse::Attribute);
+    CheckText({TestPlace::Introduction, 0, 0}, test_.TestIntroduction, PageUse::Markup);
+    CheckText({TestPlace::Instructions, 0, 0}, test_.TestInstructions, PageUse::Markup);
+    CheckText({TestPlace::CompletionMessage, 0, 0}, test_.TestCompletionMessage, PageUse::Markup);
+    for (int s = 1; s <= test_.SubscaleCount; ++s) {
+        CheckText({TestPlace::Subscale, s, 0}, test_.SubscaleName(s), PageUse::Script);
+        for (int r = 1; r <= test_.SubscaleRangeCount(s); ++r)
+            CheckText({TestPlace::SubscaleRange, s, r}, test_.SubscaleRangeText(s, r), PageUse::Script);
+    }
+    for (int r = 1; r <= test_.TotalRangeCount; ++r)
+        CheckText({TestPlace::TotalRange, 0, r}, test_.TotalRangeText(r), PageUse::Script);
+    for (int i = 1; i <= test_.TemplateAnswerCount; ++i)
+        CheckText({TestPlace::TemplateAnswer, 0, i}, test_.TemplateAnswerText(i), PageUse::Markup);
+    for (int q = 1; q <= test_.QuestionCount; ++q) {
+        CheckText({TestPlace::Question, q, 0}, test_.QuestionText(q), PageUse::Script);
+        for (int a = 1; q <= MaxQuestionsWithAnswers && a <= test_.AnswerCount(q); ++a)
+            CheckText({TestPlace::Answer, q, a}, test_.AnswerText(q, a), PageUse::Markup);
+    }
+}
+
+void DocumentChecker::CheckText(const TestPlace& place, const QString& text, PageUse use) {
+    const QString upper = AsciiUpper(text);
+    bool tagFound = false;
+    const auto lookFor = [&](const QString& tag) {
+        if (!upper.contains(tag))
+            return;
+        tagFound = true;
+        Warn(place, QStringLiteral("the text contains ") + tag + QStringLiteral(", which switches that option on"));
+    };
+    for (int i = 1; i <= OptionCount; ++i)
+        lookFor(test_.OptionTag(i));
+    lookFor(ReportOnlyWhenDoneTag);
+    lookFor(NavigationButtonsTag);
+    if (!tagFound && (text.contains(u'[') || text.contains(u']')))
+        Warn(place, QStringLiteral("the text contains a square bracket, which the reader may take for a tag"));
+    CheckTextInPage(place, text, use);
+}
+
+void DocumentChecker::CheckTextInPage(const TestPlace& place, const QString& text, PageUse use) {
+    const QString consequence = QStringLiteral(", which breaks a generated page");
+    for (qsizetype at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<', at + 1)) {
+        const QChar next = at + 1 < text.size() ? text[at + 1] : QChar(u' ');
+        if (next.isLetter() || next == u'/' || next == u'!' || next == u'?') {
+            Warn(place, QStringLiteral("the text contains ") + Quoted(text.mid(at, 12)) + consequence +
+                            QStringLiteral(" unless it is meant as markup"));
+            break;
+        }
+    }
+    if (use == PageUse::Attribute && text.contains(u'"'))
+        Warn(place, QStringLiteral("the text contains a double quote") + consequence +
+                        QStringLiteral(" when its template puts the title between quotes"));
+    if (use != PageUse::Script)
+        return;
+    if (text.contains(u'\\'))
+        Warn(place, QStringLiteral("the text contains a backslash") + consequence);
+    if (text.contains(u'\n') || text.contains(u'\r'))
+        Warn(place, QStringLiteral("the text contains a line break") + consequence);
+}
+
+void DocumentChecker::CheckSubscale(int s) {
+    const TestPlace place{TestPlace::Subscale, s, 0};
+    if (test_.SubscaleName(s).trimmed().isEmpty())
+        Warn(place, QStringLiteral("the sub-scale has no name"));
+    for (int earlier = 1; earlier < s; ++earlier)
+        if (test_.SubscaleName(earlier) == test_.SubscaleName(s))
+            Warn(place, QStringLiteral("sub-scale %1 has the same name").arg(earlier));
+
+    bool hasQuestions = false;
+    for (int q = 1; q <= test_.QuestionCount; ++q)
+        hasQuestions = hasQuestions || test_.QuestionSubscale(q) == s;
+    if (!hasQuestions)
+        Warn(place, QStringLiteral("no question belongs to the sub-scale"));
+    CheckScale(s);
+}
+
+void DocumentChecker::CheckScale(int s) {
+    const ScaleScores scores = ScoresOfScale(test_, s);
+    const std::vector<Range> ranges = UsableRanges(s);
+    for (const Range& range : ranges)
+        CheckRange(range, scores);
+    CheckOverlaps(ranges);
+    CheckGaps(s, ranges, scores);
+}
+
+/// The ranges of a scale whose bounds are numbers in their order; the others are told.
+std::vector<DocumentChecker::Range> DocumentChecker::UsableRanges(int s) {
+    std::vector<Range> ranges;
+    const int count = s == 0 ? test_.TotalRangeCount : test_.SubscaleRangeCount(s);
+    for (int r = 1; r <= count; ++r) {
+        const TestPlace place{s == 0 ? TestPlace::TotalRange : TestPlace::SubscaleRange, s, r};
+        const auto low = s == 0 ? test_.TotalRangeLow(r) : TryWholeNumber(test_.SubscaleRangeLow(s, r).Text());
+        const auto high = s == 0 ? test_.TotalRangeHigh(r) : TryWholeNumber(test_.SubscaleRangeHigh(s, r).Text());
+        if (!low || !high)
+            Warn(place, QStringLiteral("a bound is no whole number from -32768 to 32767"));
+        else if (*low > *high)
+            Warn(place, QStringLiteral("the low bound %1 is above the high bound %2, so that no score is in the range")
+                            .arg(*low)
+                            .arg(*high));
+        else
+            ranges.push_back({place, *low, *high});
+    }
+    return ranges;
+}
+
+void DocumentChecker::CheckRange(const Range& range, const ScaleScores& scores) {
+    if (scores.Complete.Reaches(range.Low, range.High))
+        return;
+    const QString reach = QStringLiteral("; the scores run from %1 to %2")
+                              .arg(scores.Complete.Lowest())
+                              .arg(scores.Complete.Highest());
+    if (scores.WithGaps.Reaches(range.Low, range.High))
+        Warn(range.Place, QStringLiteral("a score reaches the range %1 only when questions are left unanswered")
+                                  .arg(Span(range.Low, range.High)) +
+                              reach);
+    else
+        Warn(range.Place, QStringLiteral("no score can reach the range ") + Span(range.Low, range.High) + reach);
+}
+
+void DocumentChecker::CheckOverlaps(const std::vector<Range>& ranges) {
+    for (size_t later = 1; later < ranges.size(); ++later)
+        for (size_t earlier = 0; earlier < later; ++earlier) {
+            const qint64 low = std::max(ranges[earlier].Low, ranges[later].Low);
+            const qint64 high = std::min(ranges[earlier].High, ranges[later].High);
+            if (low <= high)
+                Warn(ranges[later].Place, QStringLiteral("the range overlaps range %1: the score %2 brings both texts")
+                                              .arg(ranges[earlier].Place.SubIndex)
+                                              .arg(Span(low, high)));
+        }
+}
+
+void DocumentChecker::CheckGaps(int s, std::vector<Range> ranges, const ScaleScores& scores) {
+    if (ranges.empty())
+        return;
+    std::sort(ranges.begin(), ranges.end(), [](const Range& a, const Range& b) { return a.Low < b.Low; });
+    const auto tell = [&](const TestPlace& place, qint64 low, qint64 high) {
+        const QString unreached = scores.WithGaps.Reaches(low, high) ? QString()
+                                                                     : QStringLiteral(" (no score is there just now)");
+        Warn(place, QStringLiteral("there is a gap: no range of ") + ScaleName(test_, s) +
+                        QStringLiteral(" covers the score ") + Span(low, high) + unreached);
+    };
+    if (scores.Complete.Reaches(scores.Complete.Lowest(), ranges.front().Low - 1))
+        tell(ranges.front().Place, scores.Complete.Lowest(), ranges.front().Low - 1);
+    qint64 covered = ranges.front().High;
+    for (const Range& range : ranges) {
+        if (range.Low > covered + 1)
+            tell(range.Place, covered + 1, range.Low - 1);
+        covered = std::max(covered, range.High);
+    }
+    if (scores.Complete.Reaches(covered + 1, scores.Complete.Highest()))
+        tell(ranges.back().Place, covered + 1, scores.Complete.Highest());
+}
+
+void DocumentChecker::CheckQuestion(int q) {
+    const TestPlace place{TestPlace::Question, q, 0};
+    if (test_.QuestionText(q).trimmed().isEmpty())
+        Warn(place, QStringLiteral("the question has no text"));
+    const int s = test_.QuestionSubscale(q);
+    if (s < 0 || s > test_.SubscaleCount)
+        Warn(place, QStringLiteral("the question belongs to the sub-scale %1, which doesn't exist (there are %2); it "
+                                   "counts in the total only")
+                        .arg(s)
+                        .arg(test_.SubscaleCount));
+    const int type = test_.QuestionType(q);
+    if (type < TypeUnset || type > LongAnswer)
+        Warn(place, QStringLiteral("the question has the type %1, which doesn't exist, and can't be answered").arg(type));
+    if (IsMultichoice(test_, q))
+        CheckAnswers(q);
+}
+
+void DocumentChecker::CheckAnswers(int q) {
+    int last = 0;
+    bool offered = false;
+    for (int a = 1; a <= MaxAnswers; ++a) {
+        const bool hasText = !test_.AnswerText(q, a).isEmpty();
+        offered = offered || hasText;
+        if (hasText || !test_.AnswerValue(q, a).IsEmpty())
+            last = a;
+    }
+    if (!offered)
+        return Warn({TestPlace::Question, q, 0},
+                    QStringLiteral("the multichoice question has no answers to choose from, so that nobody gets past it"));
+    for (int a = 1; a <= last; ++a) {
+        const TestPlace place{TestPlace::Answer, q, a};
+        if (test_.AnswerText(q, a).isEmpty())
+            Warn(place, QStringLiteral("the answer has no text, so that no button shows it"));
+        else if (!TryWholeNumber(test_.AnswerValue(q, a).Text()))
+            Warn(place, Quoted(test_.AnswerValue(q, a).Text()) +
+                            QStringLiteral(" is no whole number from -32768 to 32767 as a value"));
+    }
+}
+
+QString Ordinal(const char* what, int number) { return QLatin1String(what) + QString::number(number); }
+
+} // namespace
+
+bool CheckedTest::HasErrors() const {
+    return std::any_of(Findings.begin(), Findings.end(),
+                       [](const Finding& finding) { return finding.Level == Severity::Error; });
+}
+
+std::vector<Finding> CheckDocument(const TestDocument& test) { return DocumentChecker(test).Run(); }
+
+std::vector<ScaleReach> ReachableScores(const TestDocument& test) {
+    std::vector<ScaleReach> scales;
+    const auto add = [&](int s, const QString& name) {
+        const ScaleScores scores = ScoresOfScale(test, s);
+        scales.push_back({s, name, scores.Complete.Lowest(), scores.Complete.Highest(), scores.WithGaps.Lowest(),
+                          scores.WithGaps.Highest()});
+    };
+    for (int s = 1; s <= test.SubscaleCount; ++s)
+        add(s, test.SubscaleName(s));
+    add(0, QString());
+    return scales;
+}
+
+CheckedTest CheckTestFile(const QString& path) {
+    CheckedTest checked;
+    const auto error = [&](const QString& text) {
+        checked.Findings.push_back({Severity::Error, {}, {}, text, 0, 0});
+        return checked;
+    };
+    TestDocument test;
+    TextOfFile file;
+    try {
+        if (const Result opened = OpenTest(test, AbsolutePath(path)); !opened)
+            return error(opened.Message());
+        if (const Result read = ReadTextFile(path, MaxTestFileBytes, file); !read)
+            return error(CantReadTestFile(path, read.Message()));
+    } catch (const Failure& failure) {
+        return error(failure.Message());
+    }
+    checked.Findings = CheckDocument(test);
+    LocateFindings(checked.Findings, file.Text);
+    for (const Finding& finding : CheckFileText(test, file.Text))
+        checked.Findings.push_back(finding);
+    std::stable_sort(checked.Findings.begin(), checked.Findings.end(), [](const Finding& a, const Finding& b) {
+        return std::pair(a.Line, a.Column) < std::pair(b.Line, b.Column);
+    });
+    checked.Scales = ReachableScores(test);
+    return checked;
+}
+
+Finding MakeFinding(Severity level, const TestPlace& place, const TestDocument& test, const QString& text) {
+    return {level, place, PlaceText(place, test), text, 0, 0};
+}
+
+QString PlaceText(const TestPlace& place, const TestDocument& test) {
+    const QString inner = place.Index > 0 && place.Index <= test.SubscaleCount
+                              ? QStringLiteral(" of the sub-scale ") + Quoted(test.SubscaleName(place.Index))
+                              : QString();
+    switch (place.What) {
+    case TestPlace::Whole:
+        return {};
+    case TestPlace::Title:
+        return QStringLiteral("title");
+    case TestPlace::Introduction:
+        return QStringLiteral("introduction");
+    case TestPlace::Instructions:
+        return QStringLiteral("instructions");
+    case TestPlace::CompletionMessage:
+        return QStringLiteral("completion message");
+    case TestPlace::Subscale:
+        return Ordinal("sub-scale ", place.Index) + u' ' + Quoted(test.SubscaleName(place.Index));
+    case TestPlace::SubscaleRange:
+        return Ordinal("range ", place.SubIndex) + inner;
+    case TestPlace::TotalRange:
+        return Ordinal("range ", place.SubIndex) + QStringLiteral(" of the total");
+    case TestPlace::TemplateAnswer:
+        return Ordinal("template answer ", place.SubIndex);
+    case TestPlace::Question:
+        return Ordinal("question ", place.Index);
+    case TestPlace::Answer:
+        return Ordinal("question ", place.Index) + Ordinal(", answer ", place.SubIndex);
+    }
+    return {};
+}

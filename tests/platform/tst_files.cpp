@@ -1,0 +1,257 @@
+#include "platform/Directories.h"
+#include "platform/FileNames.h"
+#include "platform/SafeFile.h"
+#include "platform/TextFile.h"
+
+#include <QtTest>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+QByteArray Content(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+bool Make(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// While it lives, no file can grow past so many bytes: a write meets its end half way, as on a full disk.
+class SmallDisk {
+  public:
+    explicit SmallDisk(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit small{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+  private:
+    rlimit before_{};
+};
+
+} // namespace
+
+class tst_files : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init();
+    void DecodeText_Bytes_TextAndEncoding_data();
+    void DecodeText_Bytes_TextAndEncoding();
+    void CodePage_EveryByte_ComesBack();
+    void EncodeForLocale_Letters_Kept();
+    void ReadTextFile_BadInput_Reason_data();
+    void ReadTextFile_BadInput_Reason();
+    void WriteFile_NewAndReplaced_ContentAndNothingElse();
+    void WriteFile_NewFile_OwnerOnly();
+    void WriteFile_Link_FollowedAndPermissionsKept();
+    void WriteFile_DiskFull_EarlierVersionKept();
+    void WriteFile_CopyDoesNotFit_TargetUntouched();
+    void WriteFile_Impossible_MessageNamesFile_data();
+    void WriteFile_Impossible_MessageNamesFile();
+    void AppendToFile_Again_BehindWhatIsThere();
+    void AppendToFile_DiskFull_CutBack();
+    void FileNameOf_Names_Safe_data();
+    void FileNameOf_Names_Safe();
+    void MakeDirectory_Client_OwnerOnly();
+
+  private:
+    QString Path(const char* name) const { return folder_->filePath(QLatin1String(name)); }
+    QStringList Names() const { return QDir(folder_->path()).entryList(QDir::Files, QDir::Name); }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void tst_files::init() { folder_ = std::make_unique<QTemporaryDir>(); }
+
+void tst_files::DecodeText_Bytes_TextAndEncoding_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<TextEncoding>("encoding");
+    QTest::newRow("ASCII") << QByteArray("abc") << QStringLiteral("abc") << TextEncoding::CodePage;
+    QTest::newRow("windows-1252") << QByteArray("\x80uro \xE4\x93") << QStringLiteral("€uro ä“") << TextEncoding::CodePage;
+    QTest::newRow("UTF-8") << QByteArray("\xE2\x82\xACuro") << QStringLiteral("€uro") << TextEncoding::Utf8;
+    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF" "a") << QStringLiteral("a") << TextEncoding::Utf8WithMark;
+    QTest::newRow("UTF-8 cut in a letter") << QByteArray("a\xE2\x82") << QStringLiteral("aâ‚") << TextEncoding::CodePage;
+    QTest::newRow("overlong UTF-8") << QByteArray("\xC0\xAF") << QStringLiteral("À¯") << TextEncoding::CodePage;
+    QTest::newRow("undefined bytes") << QByteArray("\x81\x8D") << QStringLiteral("\u0081\u008D") << TextEncoding::CodePage;
+}
+
+void tst_files::DecodeText_Bytes_TextAndEncoding() {
+    QFETCH(QByteArray, bytes);
+    const TextOfFile file = DecodeText(bytes);
+    QTEST(file.Text, "text");
+    QTEST(file.Encoding, "encoding");
+}
+
+void tst_files::CodePage_EveryByte_ComesBack() {
+    QByteArray all;
+    for (int byte = 1; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    bool fits = false;
+    QCOMPARE(EncodeCodePage(DecodeText(all).Text, &fits), all);
+    QVERIFY(fits);
+    EncodeCodePage(QStringLiteral("李"), &fits);
+    QVERIFY(!fits);
+}
+
+void tst_files::EncodeForLocale_Letters_Kept() {
+    QCOMPARE(EncodeForLocale(QStringLiteral("Zoë 李")), QByteArray("Zo\xC3\xAB \xE6\x9D\x8E"));
+}
+
+void tst_files::ReadTextFile_BadInput_Reason_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("missing") << QStringLiteral("none") << QByteArray() << QStringLiteral("there is no such file");
+    QTest::newRow("directory") << QStringLiteral(".") << QByteArray() << QStringLiteral("it is a directory");
+    QTest::newRow("NUL") << QStringLiteral("f") << QByteArray("ab\0c", 4)
+                         << QStringLiteral("it isn't a text file (the byte 0x00 at position 3)");
+    QTest::newRow("control character") << QStringLiteral("f") << QByteArray("\x02")
+                                       << QStringLiteral("it isn't a text file (the byte 0x02 at position 1)");
+    QTest::newRow("too long") << QStringLiteral("f") << QByteArray(1001, 'a')
+                              << QStringLiteral("it is 1,001 bytes long, and at most 1,000 can be read");
+    QTest::newRow("longest") << QStringLiteral("f") << QByteArray(1000, 'a') << QString();
+    QTest::newRow("empty") << QStringLiteral("f") << QByteArray() << QString();
+    QTest::newRow("old end mark") << QStringLiteral("f") << QByteArray("a\t\r\n\x1A") << QString();
+}
+
+void tst_files::ReadTextFile_BadInput_Reason() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    if (name == QStringLiteral("f"))
+        QVERIFY(Make(Path("f"), content));
+    TextOfFile file{QStringLiteral("before"), TextEncoding::Utf8};
+    const Result read = ReadTextFile(folder_->filePath(name), 1000, file);
+    QTEST(read.Message(), "reason");
+    QCOMPARE(file.Text, read ? DecodeText(content).Text : QStringLiteral("before"));
+}
+
+void tst_files::WriteFile_NewAndReplaced_ContentAndNothingElse() {
+    QVERIFY(WriteFile(Path("a"), "one"));
+    QVERIFY(WriteFile(Path("a"), "two, and longer"));
+    QVERIFY(WriteFile(Path("a"), "3"));
+    QCOMPARE(Content(Path("a")), "3");
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_files::WriteFile_NewFile_OwnerOnly() {
+    QVERIFY(WriteFile(Path("a"), "x"));
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(Path("a")), &status), 0);
+    QCOMPARE(status.st_mode & 0777, 0600u);
+}
+
+void tst_files::WriteFile_Link_FollowedAndPermissionsKept() {
+    QVERIFY(Make(Path("target"), "one"));
+    QCOMPARE(chmod(qPrintable(Path("target")), 0640), 0);
+    QVERIFY(QFile::link(Path("target"), Path("link")));
+    QVERIFY(WriteFile(Path("link"), "two"));
+    QCOMPARE(Content(Path("target")), "two");
+    QVERIFY(QFileInfo(Path("link")).isSymLink());
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(Path("target")), &status), 0);
+    QCOMPARE(status.st_mode & 0777, 0640u);
+}
+
+void tst_files::WriteFile_DiskFull_EarlierVersionKept() {
+    QVERIFY(Make(Path("a"), "earlier"));
+    Result written = Result::Done();
+    {
+        const SmallDisk disk(10);
+        written = WriteFile(Path("a"), QByteArray(1000, 'x'));
+    }
+    QVERIFY(!written);
+    QVERIFY2(written.Message().contains(Path("a.earlier")), qPrintable(written.Message()));
+    QCOMPARE(Content(Path("a.earlier")), "earlier");
+    // The next failure must not take the earlier copy away.
+    {
+        const SmallDisk disk(10);
+        written = WriteFile(Path("a"), QByteArray(1000, 'y'));
+    }
+    QCOMPARE(Content(Path("a.earlier")), "earlier");
+}
+
+void tst_files::WriteFile_CopyDoesNotFit_TargetUntouched() {
+    QVERIFY(Make(Path("a"), "an earlier version"));
+    Result written = Result::Done();
+    {
+        const SmallDisk disk(10);
+        written = WriteFile(Path("a"), "new");
+    }
+    QVERIFY(!written);
+    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")), qPrintable(written.Message()));
+    QCOMPARE(Content(Path("a")), "an earlier version");
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_files::WriteFile_Impossible_MessageNamesFile_data() {
+    QTest::addColumn<QString>("path");
+    QTest::newRow("full device") << QStringLiteral("/dev/full");
+    QTest::newRow("directory") << QStringLiteral("/tmp");
+    QTest::newRow("below a file") << QStringLiteral("/etc/passwd/x");
+    QTest::newRow("folder that isn't there") << QStringLiteral("/no such folder/x");
+}
+
+void tst_files::WriteFile_Impossible_MessageNamesFile() {
+    QFETCH(QString, path);
+    for (const Result& written : {WriteFile(path, "x"), AppendToFile(path, "x")}) {
+        QVERIFY(!written);
+        QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path), qPrintable(written.Message()));
+    }
+}
+
+void tst_files::AppendToFile_Again_BehindWhatIsThere() {
+    for (const char* part : {"one", "two", "three"})
+        QVERIFY(AppendToFile(Path("a"), part));
+    QCOMPARE(Content(Path("a")), "onetwothree");
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_files::AppendToFile_DiskFull_CutBack() {
+    QVERIFY(Make(Path("a"), "earlier"));
+    Result written = Result::Done();
+    {
+        const SmallDisk disk(10);
+        written = AppendToFile(Path("a"), "0123456789");
+    }
+    QVERIFY(!written);
+    QCOMPARE(Content(Path("a")), "earlier");
+}
+
+void tst_files::FileNameOf_Names_Safe_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("fileName");
+    QTest::newRow("plain") << QStringLiteral("Ann Lee") << QStringLiteral("Ann Lee");
+    QTest::newRow("forbidden") << QStringLiteral("a/b\\c:d*e?f\"g<h>i|j\n") << QStringLiteral("a_b_c_d_e_f_g_h_i_j_");
+    QTest::newRow("dots only") << QStringLiteral("...") << QStringLiteral("___");
+    QTest::newRow("upwards") << QStringLiteral("../../x") << QStringLiteral(".._.._x");
+    QTest::newRow("trailing") << QStringLiteral("Jr. . ") << QStringLiteral("Jr____");
+    QTest::newRow("leading dot stays") << QStringLiteral(".x") << QStringLiteral(".x");
+    QTest::newRow("empty") << QString() << QString();
+}
+
+void tst_files::FileNameOf_Names_Safe() {
+    QFETCH(QString, name);
+    QTEST(FileNameOf(name), "fileName");
+}
+
+void tst_files::MakeDirectory_Client_OwnerOnly() {
+    MakeDirectory(Path("clients/Ann"));
+    QVERIFY(DirectoryExists(Path("clients/Ann")));
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(Path("clients/Ann")), &status), 0);
+    QCOMPARE(status.st_mode & 0777, 0700u);
+    MakeDirectory(QStringLiteral("/etc/passwd/x"));
+    QVERIFY(!DirectoryExists(QStringLiteral("/etc/passwd/x")));
+}
+
+QTEST_GUILESS_MAIN(tst_files)
+#include "tst_files.moc"
