@@ -4,6 +4,15 @@
 
 #include <QFileInfo>
 
+void LoadSettingsOnce(ProgramStart& start, Session& session, SettingsStore& store, const DefaultFolders& folders) {
+    if (start.SettingsLoaded)
+        return;
+    if (LoadSettings(session.UserSettings, store, folders))
+        PrepareWorkingDirectory(folders, start.Known);
+    session.AdministratorName = session.UserSettings.AdministratorName;
+    start.SettingsLoaded = true;
+}
+
 QString PathOfCommandLine(const QString& commandLine) {
     if (commandLine.isEmpty())
         return {};

@@ -174,11 +174,7 @@ void Loading_Test::paintEvent(QPaintEvent*) {
 }
 
 void Loading_Test::Form_Load() {
-    if (!parts_.Start.SettingsLoaded) {
-        LoadSettings(session_.UserSettings, parts_.Store, parts_.Folders);
-        session_.AdministratorName = session_.UserSettings.AdministratorName;
-        parts_.Start.SettingsLoaded = true;
-    }
+    LoadSettingsOnce(parts_.Start, session_, parts_.Store, parts_.Folders);
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
     CentreOnScreen(*this);
     setWindowTitle(QStringLiteral("Vellumo - Version ") + QLatin1String(VELLUMO_VERSION));
