@@ -42,8 +42,9 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(usualHandler);
 
     QCoreApplication::setApplicationName(QStringLiteral("Vellumo"));
+    // Without it Qt would add the program's name to every window title.
+    QGuiApplication::setApplicationDisplayName(QStringLiteral(""));
     QCoreApplication::setApplicationVersion(QLatin1String(VELLUMO_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vellumo"));
     QLocale::setDefault(QLocale::system());
 #ifndef Q_OS_WIN
     QApplication::setStyle(QStringLiteral("Fusion"));

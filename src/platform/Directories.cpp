@@ -1,15 +1,21 @@
 #include "platform/Directories.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 
 void ChangeDirectory(const QString& path) { QDir::setCurrent(path); }
 
 void MakeDirectory(const QString& path) {
-    // Only what is made here is closed to others; a folder that was there keeps its permissions.
-    if (DirectoryExists(path) || !QDir().mkpath(path))
-        return;
-    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    // Every folder that is made here is closed to others from its first moment, those above the last one included:
+    // their entries are people's names. A folder that was there keeps its permissions.
+    const QString clean = QDir::cleanPath(path);
+    for (qsizetype end = clean.indexOf(u'/', 1);; end = clean.indexOf(u'/', end + 1)) {
+        const QString folder = end < 0 ? clean : clean.first(end);
+        if (!DirectoryExists(folder))
+            QDir().mkdir(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        if (end < 0)
+            return;
+    }
 }
 
 bool DirectoryExists(const QString& path) { return QFileInfo(path).isDir(); }

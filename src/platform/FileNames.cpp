@@ -12,7 +12,7 @@ QString FileNameOf(const QString& personName) {
     constexpr QStringView forbidden = u"/\\:*?\"<>|";
     QString name = personName;
     for (QChar& c : name)
-        if (forbidden.contains(c) || c.unicode() < 32 || c.unicode() == 127)
+        if (forbidden.contains(c) || c.category() == QChar::Other_Control)
             c = u'_';
     for (qsizetype i = name.size(); i > 0 && (name[i - 1] == u'.' || name[i - 1] == u' '); --i)
         name[i - 1] = u'_';

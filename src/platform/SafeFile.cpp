@@ -62,10 +62,9 @@ QString CopyAside(const QString& path, const QString& copyPath) {
 
 Result WriteNew(const QString& path, const QByteArray& content, Audience audience, bool isNew) {
     QFile file(path);
-    const auto permissions = audience == Audience::OwnerOnly
-                                 ? QFileDevice::ReadOwner | QFileDevice::WriteOwner
-                                 : QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
-                                       QFileDevice::ReadOther;
+    const auto permissions = audience == Audience::OwnerOnly ? QFileDevice::ReadOwner | QFileDevice::WriteOwner
+                                                             : QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                                   QFileDevice::ReadGroup | QFileDevice::ReadOther;
     // Unbuffered, so that a full disk is told by the write that meets it.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered, permissions))
         return Result::Failed(file.errorString());
@@ -86,7 +85,8 @@ Result WriteFile(const QString& path, const QByteArray& content, Audience audien
     const QFileInfo info(path);
     if (info.isDir())
         return Failed(path, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed."));
-    const bool replaces = info.exists() && info.isFile();
+    const bool isNew = !info.exists();
+    const bool replaces = info.isFile();
     // The copy lies beside the file itself, also when the path is a link to it.
     const QString copy = replaces ? FreeNameBeside(info.canonicalFilePath()) : QString();
     if (replaces) {
@@ -98,7 +98,10 @@ Result WriteFile(const QString& path, const QByteArray& content, Audience audien
             return Failed(path, reason, QStringLiteral("The earlier version was not changed."));
     }
 
-    const Result written = WriteNew(path, content, audience, !info.exists());
+    const Result written = WriteNew(path, content, audience, isNew);
+    // A piece of a file that was not there before would pass for the whole.
+    if (!written && isNew)
+        QFile::remove(info.isSymLink() ? info.symLinkTarget() : path);
     if (!written)
         return Failed(path, written.Message(),
                       replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")

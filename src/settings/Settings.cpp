@@ -1,5 +1,6 @@
 #include "settings/Settings.h"
 
+#include <cmath>
 #include <optional>
 
 namespace {
@@ -64,7 +65,7 @@ std::optional<bool> FlagOf(const QString& text) {
         return false;
     bool isNumber = false;
     const double number = text.toDouble(&isNumber);
-    return isNumber ? std::optional(number != 0) : std::nullopt;
+    return isNumber && std::isfinite(number) ? std::optional(number != 0) : std::nullopt;
 }
 
 void ReadRow(Settings& settings, const SettingsStore& store, const SettingRow& row) {

@@ -13,8 +13,7 @@ ReportOutcome ReportFlow::Run() {
     const bool silent = std::exchange(session_.Responses.SilentReport, false);
     session_.ReportText.clear();
     try {
-        session_.ReportText =
-            BuildReport(session_.Test, session_.Responses, ReportContextOf(session_, clock_.Now()));
+        session_.ReportText = BuildReport(session_.Test, session_.Responses, ReportContextOf(session_, clock_.Now()));
     } catch (const Failure& failure) {
         prompts_.Inform(failure.Message());
         return ReportOutcome::Refused;

@@ -93,7 +93,7 @@ bool ReportDocument::MayReplaceText() {
 bool ReportDocument::Write(const QString& path) {
     const QByteArray content = EncodeForLocale(WithLineBreaks(view_.ReportText()) + LineBreak);
     if (const Result written = WriteFile(path, content); !written) {
-        ShowFailure(written.Message() + LineBreak + LineBreak + QStringLiteral("The text is still in this window."));
+        ShowFailure(written.Message() + QStringLiteral("\n\nThe text is still in this window."));
         return false;
     }
     unwritten_ = false;

@@ -5,9 +5,9 @@
 
 #include <QString>
 
-/// A text file past this many bytes isn't opened. Reports are a few kilobytes; far longer lines than theirs would
-/// keep a text box busy for minutes.
-inline constexpr qint64 MaxReportFileBytes = 16 << 20;
+/// A text file past this many bytes isn't opened. Reports are a few kilobytes; one line of this length is the most that
+/// a text box shows within seconds.
+inline constexpr qint64 MaxReportFileBytes = 4 << 20;
 
 inline const QString NewReportCaption = QStringLiteral("New - Document");
 

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -36,6 +37,18 @@ class SmallDisk {
     rlimit before_{};
 };
 
+/// While it lives, the program is no administrator, whom no permissions bind.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() { real_ = seteuid(before_ == 0 ? 65534 : before_) == 0; }
+    ~OrdinaryUser() { real_ = seteuid(before_) == 0; }
+    bool IsReal() const { return real_; }
+
+  private:
+    uid_t before_ = geteuid();
+    bool real_ = false;
+};
+
 } // namespace
 
 class tst_files : public QObject {
@@ -47,13 +60,18 @@ class tst_files : public QObject {
     void DecodeText_Bytes_TextAndEncoding();
     void CodePage_EveryByte_ComesBack();
     void EncodeForLocale_Letters_Kept();
+    void EncodeForLocale_SingleByteLocale_Used();
     void ReadTextFile_BadInput_Reason_data();
     void ReadTextFile_BadInput_Reason();
+    void ReadTextFile_NoPermission_Reason();
     void WriteFile_NewAndReplaced_ContentAndNothingElse();
     void WriteFile_NewFile_OwnerOnly();
     void WriteFile_Link_FollowedAndPermissionsKept();
     void WriteFile_DiskFull_EarlierVersionKept();
+    void WriteFile_DiskFullNewFile_NoPieceLeft();
     void WriteFile_CopyDoesNotFit_TargetUntouched();
+    void WriteFile_NoPermission_EarlierVersionUntouched_data();
+    void WriteFile_NoPermission_EarlierVersionUntouched();
     void WriteFile_Impossible_MessageNamesFile_data();
     void WriteFile_Impossible_MessageNamesFile();
     void AppendToFile_Again_BehindWhatIsThere();
@@ -76,12 +94,17 @@ void tst_files::DecodeText_Bytes_TextAndEncoding_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<TextEncoding>("encoding");
     QTest::newRow("ASCII") << QByteArray("abc") << QStringLiteral("abc") << TextEncoding::CodePage;
-    QTest::newRow("windows-1252") << QByteArray("\x80uro \xE4\x93") << QStringLiteral("€uro ä“") << TextEncoding::CodePage;
+    QTest::newRow("windows-1252") << QByteArray("\x80uro \xE4\x93") << QStringLiteral("€uro ä“")
+                                  << TextEncoding::CodePage;
     QTest::newRow("UTF-8") << QByteArray("\xE2\x82\xACuro") << QStringLiteral("€uro") << TextEncoding::Utf8;
-    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF" "a") << QStringLiteral("a") << TextEncoding::Utf8WithMark;
-    QTest::newRow("UTF-8 cut in a letter") << QByteArray("a\xE2\x82") << QStringLiteral("aâ‚") << TextEncoding::CodePage;
+    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF"
+                                                   "a")
+                                     << QStringLiteral("a") << TextEncoding::Utf8WithMark;
+    QTest::newRow("UTF-8 cut in a letter")
+        << QByteArray("a\xE2\x82") << QStringLiteral("aâ‚") << TextEncoding::CodePage;
     QTest::newRow("overlong UTF-8") << QByteArray("\xC0\xAF") << QStringLiteral("À¯") << TextEncoding::CodePage;
-    QTest::newRow("undefined bytes") << QByteArray("\x81\x8D") << QStringLiteral("\u0081\u008D") << TextEncoding::CodePage;
+    QTest::newRow("undefined bytes") << QByteArray("\x81\x8D") << QStringLiteral("\u0081\u008D")
+                                     << TextEncoding::CodePage;
 }
 
 void tst_files::DecodeText_Bytes_TextAndEncoding() {
@@ -106,12 +129,31 @@ void tst_files::EncodeForLocale_Letters_Kept() {
     QCOMPARE(EncodeForLocale(QStringLiteral("Zoë 李")), QByteArray("Zo\xC3\xAB \xE6\x9D\x8E"));
 }
 
+void tst_files::EncodeForLocale_SingleByteLocale_Used() {
+    QProcess localedef;
+    localedef.start(QStringLiteral("localedef"), {QStringLiteral("-i"), QStringLiteral("en_US"), QStringLiteral("-f"),
+                                                  QStringLiteral("ISO-8859-15"), Path("single")});
+    if (!localedef.waitForFinished() || !QFile::exists(Path("single/LC_CTYPE")))
+        QSKIP("No locale with another encoding can be made here");
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LOCPATH", QFile::encodeName(folder_->path()));
+    qputenv("LC_ALL", "single");
+    const QByteArray euro = EncodeForLocale(QStringLiteral("Zoë €"));
+    const QByteArray han = EncodeForLocale(QStringLiteral("Zoë 李"));
+    qunsetenv("LOCPATH");
+    qputenv("LC_ALL", before);
+    QCOMPARE(euro, QByteArray("Zo\xEB \xA4"));
+    QCOMPARE(han, QByteArray("Zo\xC3\xAB \xE6\x9D\x8E"));
+}
+
 void tst_files::ReadTextFile_BadInput_Reason_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason");
     QTest::newRow("missing") << QStringLiteral("none") << QByteArray() << QStringLiteral("there is no such file");
     QTest::newRow("directory") << QStringLiteral(".") << QByteArray() << QStringLiteral("it is a directory");
+    QTest::newRow("pipe that nobody writes to")
+        << QStringLiteral("pipe") << QByteArray() << QStringLiteral("it is not a regular file");
     QTest::newRow("NUL") << QStringLiteral("f") << QByteArray("ab\0c", 4)
                          << QStringLiteral("it isn't a text file (the byte 0x00 at position 3)");
     QTest::newRow("control character") << QStringLiteral("f") << QByteArray("\x02")
@@ -128,10 +170,20 @@ void tst_files::ReadTextFile_BadInput_Reason() {
     QFETCH(QByteArray, content);
     if (name == QStringLiteral("f"))
         QVERIFY(Make(Path("f"), content));
+    QCOMPARE(mkfifo(qPrintable(Path("pipe")), 0600), 0);
     TextOfFile file{QStringLiteral("before"), TextEncoding::Utf8};
     const Result read = ReadTextFile(folder_->filePath(name), 1000, file);
     QTEST(read.Message(), "reason");
     QCOMPARE(file.Text, read ? DecodeText(content).Text : QStringLiteral("before"));
+}
+
+void tst_files::ReadTextFile_NoPermission_Reason() {
+    QVERIFY(Make(Path("a"), "secret"));
+    QVERIFY(chmod(qPrintable(Path("a")), 0) == 0 && chmod(qPrintable(folder_->path()), 0755) == 0);
+    const OrdinaryUser user;
+    QVERIFY(user.IsReal());
+    TextOfFile file;
+    QCOMPARE(ReadTextFile(Path("a"), 1000, file).Message(), QStringLiteral("Permission denied"));
 }
 
 void tst_files::WriteFile_NewAndReplaced_ContentAndNothingElse() {
@@ -179,6 +231,17 @@ void tst_files::WriteFile_DiskFull_EarlierVersionKept() {
     QCOMPARE(Content(Path("a.earlier")), "earlier");
 }
 
+void tst_files::WriteFile_DiskFullNewFile_NoPieceLeft() {
+    QVERIFY(QFile::link(Path("target"), Path("link")));
+    for (const char* name : {"a", "link"}) {
+        const SmallDisk disk(10);
+        QVERIFY(!WriteFile(Path(name), QByteArray(1000, 'x')));
+        QVERIFY(!AppendToFile(Path(name), QByteArray(1000, 'x')));
+    }
+    QCOMPARE(Names(), QStringList());
+    QVERIFY(QFileInfo(Path("link")).isSymLink());
+}
+
 void tst_files::WriteFile_CopyDoesNotFit_TargetUntouched() {
     QVERIFY(Make(Path("a"), "an earlier version"));
     Result written = Result::Done();
@@ -187,8 +250,34 @@ void tst_files::WriteFile_CopyDoesNotFit_TargetUntouched() {
         written = WriteFile(Path("a"), "new");
     }
     QVERIFY(!written);
-    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")), qPrintable(written.Message()));
+    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")),
+             qPrintable(written.Message()));
     QCOMPARE(Content(Path("a")), "an earlier version");
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_files::WriteFile_NoPermission_EarlierVersionUntouched_data() {
+    QTest::addColumn<uint>("folderMode");
+    QTest::addColumn<uint>("fileMode");
+    QTest::newRow("file") << 0777u << 0444u;
+    QTest::newRow("folder, which the copy needs") << 0555u << 0666u;
+}
+
+void tst_files::WriteFile_NoPermission_EarlierVersionUntouched() {
+    QFETCH(uint, folderMode);
+    QFETCH(uint, fileMode);
+    QVERIFY(Make(Path("a"), "earlier"));
+    QVERIFY(chmod(qPrintable(Path("a")), fileMode) == 0 && chmod(qPrintable(folder_->path()), folderMode) == 0);
+    Result written = Result::Done();
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.IsReal());
+        written = WriteFile(Path("a"), "new");
+    }
+    chmod(qPrintable(folder_->path()), 0700);
+    QVERIFY2(written.Message().contains(QStringLiteral("Permission denied. The earlier version was not changed.")),
+             qPrintable(written.Message()));
+    QCOMPARE(Content(Path("a")), "earlier");
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
 }
 
@@ -204,7 +293,8 @@ void tst_files::WriteFile_Impossible_MessageNamesFile() {
     QFETCH(QString, path);
     for (const Result& written : {WriteFile(path, "x"), AppendToFile(path, "x")}) {
         QVERIFY(!written);
-        QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path), qPrintable(written.Message()));
+        QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path),
+                 qPrintable(written.Message()));
     }
 }
 
@@ -235,6 +325,7 @@ void tst_files::FileNameOf_Names_Safe_data() {
     QTest::newRow("upwards") << QStringLiteral("../../x") << QStringLiteral(".._.._x");
     QTest::newRow("trailing") << QStringLiteral("Jr. . ") << QStringLiteral("Jr____");
     QTest::newRow("leading dot stays") << QStringLiteral(".x") << QStringLiteral(".x");
+    QTest::newRow("later control characters") << QStringLiteral("a\u0085b\u007Fc") << QStringLiteral("a_b_c");
     QTest::newRow("empty") << QString() << QString();
 }
 
@@ -246,9 +337,17 @@ void tst_files::FileNameOf_Names_Safe() {
 void tst_files::MakeDirectory_Client_OwnerOnly() {
     MakeDirectory(Path("clients/Ann"));
     QVERIFY(DirectoryExists(Path("clients/Ann")));
-    struct stat status {};
-    QCOMPARE(stat(qPrintable(Path("clients/Ann")), &status), 0);
-    QCOMPARE(status.st_mode & 0777, 0700u);
+    for (const char* made : {"clients", "clients/Ann"}) {
+        struct stat status {};
+        QCOMPARE(stat(qPrintable(Path(made)), &status), 0);
+        QCOMPARE(status.st_mode & 0777, 0700u);
+    }
+    struct stat others {};
+    QVERIFY(QDir().mkdir(Path("shared")) && chmod(qPrintable(Path("shared")), 0755) == 0);
+    MakeDirectory(Path("shared/Bo"));
+    MakeDirectory(Path("shared"));
+    QCOMPARE(stat(qPrintable(Path("shared")), &others), 0);
+    QCOMPARE(others.st_mode & 0777, 0755u);
     MakeDirectory(QStringLiteral("/etc/passwd/x"));
     QVERIFY(!DirectoryExists(QStringLiteral("/etc/passwd/x")));
 }

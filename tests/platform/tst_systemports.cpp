@@ -1,8 +1,8 @@
 #include "platform/SystemPorts.h"
 #include "platform/unix/LibreOfficeWriter.h"
 
-#include <QtTest>
 #include <QXmlStreamReader>
+#include <QtTest>
 
 namespace {
 
@@ -12,10 +12,12 @@ class RecordingProgram {
     explicit RecordingProgram(const QString& name) {
         QFile script(folder_.filePath(name));
         if (script.open(QIODevice::WriteOnly))
-            script.write(QStringLiteral("#!/bin/sh\nfor a; do printf '%s\\n' \"$a\"; last=$a; done > '%1/args.new'\n"
-                                        "cat \"$last\" > '%1/content'\nmv '%1/args.new' '%1/args'\n")
-                             .arg(folder_.path())
-                             .toUtf8());
+            script.write(
+                QStringLiteral(
+                    "#!/bin/sh\nfor a; do printf '%s\\n' \"$a\"; last=$a; done > '%1/args.new'\n"
+                    "cat \"$last\" > '%1/content'\nstat -c %a \"$last\" > '%1/mode'\nmv '%1/args.new' '%1/args'\n")
+                    .arg(folder_.path())
+                    .toUtf8());
         script.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
         path_ = qgetenv("PATH");
         qputenv("PATH", QFile::encodeName(folder_.path()) + ':' + path_);
@@ -29,6 +31,8 @@ class RecordingProgram {
         return QString::fromUtf8(Read("args")).split(u'\n', Qt::SkipEmptyParts);
     }
     QByteArray Content() const { return Read("content"); }
+    /// The permissions of what the last argument names, as octal digits.
+    QByteArray Mode() const { return Read("mode").trimmed(); }
 
   private:
     QByteArray Read(const char* name) const {
@@ -87,8 +91,8 @@ void tst_systemports::TypeText_Writer_NewDocumentWithTheText() {
     QCOMPARE(arguments.size(), 2);
     QCOMPARE(arguments.first(), QStringLiteral("-n"));
     QCOMPARE(Paragraphs(writer.Content()), (QStringList{QStringLiteral("One"), QStringLiteral("Two")}));
-    QCOMPARE(QFile::permissions(arguments.last()) & (QFileDevice::ReadGroup | QFileDevice::ReadOther),
-             QFileDevice::Permissions());
+    QCOMPARE(writer.Mode(), "600");
+    QVERIFY(QTest::qWaitFor([&] { return !QFileInfo::exists(QFileInfo(arguments.last()).path()); }));
 }
 
 void tst_systemports::TypeText_NoWriter_Fails() {

@@ -23,6 +23,7 @@ class tst_settings : public QObject {
     void RestoreDefaults_AdministratorName_Kept();
     void IniStore_Texts_ComeBackExactly();
     void IniStore_ReadOnlyPlace_WriteFails();
+    void IniStore_PlaceMended_WritesAgain();
     void DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples();
     void OfficeProbe_Keys_Installed();
 };
@@ -75,12 +76,15 @@ void tst_settings::LoadSettings_Stored_ReadBack() {
 void tst_settings::LoadSettings_BadFlag_KeepsDefault_data() {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<bool>("persist");
-    QTest::newRow("true in any case") << QStringLiteral("tRUE") << true;
-    QTest::newRow("false") << QStringLiteral("False") << false;
-    QTest::newRow("zero") << QStringLiteral("0") << false;
-    QTest::newRow("minus one") << QStringLiteral("-1") << true;
-    QTest::newRow("no boolean") << QStringLiteral("perhaps") << true;
-    QTest::newRow("missing") << QString() << true;
+    QTest::addColumn<bool>("lineBreak");
+    QTest::newRow("true in any case") << QStringLiteral("tRUE") << true << true;
+    QTest::newRow("false") << QStringLiteral("False") << false << false;
+    QTest::newRow("zero") << QStringLiteral("0") << false << false;
+    QTest::newRow("minus one") << QStringLiteral("-1") << true << true;
+    QTest::newRow("past 16 bits") << QStringLiteral("99999") << true << true;
+    QTest::newRow("not a number") << QStringLiteral("nan") << true << false;
+    QTest::newRow("no boolean") << QStringLiteral("perhaps") << true << false;
+    QTest::newRow("missing") << QString() << true << false;
 }
 
 void tst_settings::LoadSettings_BadFlag_KeepsDefault() {
@@ -88,10 +92,12 @@ void tst_settings::LoadSettings_BadFlag_KeepsDefault() {
     MemorySettingsStore store;
     store.Write(QStringLiteral("defaultdirectory"), QStringLiteral("/x"));
     store.Write(NamePersistKey, stored);
+    store.Write(QStringLiteral("CarriageReturn"), stored);
     store.Write(QStringLiteral("dirtemphtml"), QStringLiteral("/last"));
     Settings settings;
     LoadSettings(settings, store, Folders);
     QTEST(settings.NamePersist, "persist");
+    QTEST(settings.BreakAfterQuestionNumber, "lineBreak");
     QCOMPARE(settings.TempHtmlDirectory, QStringLiteral("/last"));
 }
 
@@ -115,19 +121,40 @@ void tst_settings::RestoreDefaults_AdministratorName_Kept() {
 void tst_settings::IniStore_Texts_ComeBackExactly() {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("deep/v.ini"));
-    const QStringList texts{QStringLiteral(" "), QStringLiteral("a, b; c"), QStringLiteral("\"q\" \\ %20"),
-                            QStringLiteral("Zoë 李"), QStringLiteral("one\r\ntwo"), QString(), QStringLiteral("True")};
+    const QStringList texts{QStringLiteral(" "),
+                            QStringLiteral("a, b; c"),
+                            QStringLiteral("\"q\" \\ %20"),
+                            QStringLiteral("Zoë 李"),
+                            QStringLiteral("one\r\ntwo"),
+                            QStringLiteral("@Invalid()"),
+                            QString(),
+                            QStringLiteral("True")};
     for (const QString& text : texts) {
         QVERIFY(IniSettingsStore(path).Write(QStringLiteral("k"), text));
         QCOMPARE(IniSettingsStore(path).Read(QStringLiteral("k"), QStringLiteral("none")), text);
     }
-    QCOMPARE(QFile::permissions(path) & (QFileDevice::ReadGroup | QFileDevice::ReadOther), QFileDevice::Permissions());
+    for (const QString& made : {path, folder.filePath(QStringLiteral("deep"))})
+        QCOMPARE(QFile::permissions(made) & (QFileDevice::ReadGroup | QFileDevice::ReadOther),
+                 QFileDevice::Permissions());
 }
 
 void tst_settings::IniStore_ReadOnlyPlace_WriteFails() {
     IniSettingsStore store(QStringLiteral("/etc/passwd/v.ini"));
     QVERIFY(!store.Write(QStringLiteral("k"), QStringLiteral("x")));
     QCOMPARE(store.Read(QStringLiteral("other"), QStringLiteral("d")), QStringLiteral("d"));
+}
+
+void tst_settings::IniStore_PlaceMended_WritesAgain() {
+    QTemporaryDir folder;
+    const QString place = folder.filePath(QStringLiteral("place"));
+    QFile obstacle(place);
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    IniSettingsStore store(place + QStringLiteral("/v.ini"));
+    QVERIFY(!store.Write(QStringLiteral("k"), QStringLiteral("x")));
+    QVERIFY(obstacle.remove());
+    QVERIFY(store.Write(QStringLiteral("k"), QStringLiteral("y")));
+    QCOMPARE(IniSettingsStore(place + QStringLiteral("/v.ini")).Read(QStringLiteral("k"), QString()),
+             QStringLiteral("y"));
 }
 
 void tst_settings::DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples() {

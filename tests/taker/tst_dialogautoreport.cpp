@@ -25,9 +25,7 @@ struct Dialog {
         window = std::make_unique<DialogAutoReport>(*form, session, chooser, navigator);
         ShowAndActivate(*window);
     }
-    QCheckBox& Box(int option) {
-        return Find<QCheckBox>(*window, QStringLiteral("ChkReportOptions_%1").arg(option));
-    }
+    QCheckBox& Box(int option) { return Find<QCheckBox>(*window, QStringLiteral("ChkReportOptions_%1").arg(option)); }
     QString Disabled() {
         QStringList disabled;
         for (int i = 1; i <= OptionCount; ++i)
@@ -45,9 +43,9 @@ struct Dialog {
     std::unique_ptr<DialogAutoReport> window;
 };
 
-const QString Multichoice = QStringLiteral("[Q]One[A]a[v=1][/A][/Q]");
-const QString Short = QStringLiteral("[Q]Two[QT]2[/QT][/Q]");
-const QString Long = QStringLiteral("[Q]Three[QT]3[/QT][/Q]");
+const QString ChoiceQuestion = QStringLiteral("[Q]One[A]a[v=1][/A][/Q]");
+const QString ShortQuestion = QStringLiteral("[Q]Two[QT]2[/QT][/Q]");
+const QString LongQuestion = QStringLiteral("[Q]Three[QT]3[/QT][/Q]");
 const QString Texts = QStringLiteral("[TITLE]T[/TITLE][INTRODUCTION]I[/INTRODUCTION][INSTRUCTIONS]N[/INSTRUCTIONS]");
 const QString Scales = QStringLiteral("[SUBSCALES][S]Ease[/S][/SUBSCALES]");
 
@@ -73,24 +71,27 @@ class tst_dialogautoreport : public QObject {
 void tst_dialogautoreport::Boxes_Test_EnabledWhereTheyMatter_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("disabled");
-    QTest::newRow("everything") << Texts + Scales + Multichoice + Short + Long << QString();
-    QTest::newRow("no texts") << Scales + Multichoice + Short + Long << QStringLiteral("1 2 3");
-    QTest::newRow("no sub-scales") << Texts + Multichoice + Short + Long << QStringLiteral("5");
-    QTest::newRow("only short answers") << Texts + Scales + Short << QStringLiteral("4 5 6 9 13");
-    QTest::newRow("only long answers") << Texts + Long << QStringLiteral("4 5 6 9 12");
-    QTest::newRow("only multichoice") << Texts + Scales + Multichoice << QStringLiteral("12 13");
+    QTest::newRow("everything") << Texts + Scales + ChoiceQuestion + ShortQuestion + LongQuestion << QString();
+    QTest::newRow("no texts") << Scales + ChoiceQuestion + ShortQuestion + LongQuestion << QStringLiteral("1 2 3");
+    QTest::newRow("no sub-scales") << Texts + ChoiceQuestion + ShortQuestion + LongQuestion << QStringLiteral("5");
+    QTest::newRow("only short answers") << Texts + Scales + ShortQuestion << QStringLiteral("4 5 6 9 13");
+    QTest::newRow("only long answers") << Texts + LongQuestion << QStringLiteral("4 5 6 9 12");
+    QTest::newRow("only multichoice") << Texts + Scales + ChoiceQuestion << QStringLiteral("12 13");
 }
 
 void tst_dialogautoreport::Boxes_Test_EnabledWhereTheyMatter() {
     QFETCH(QString, text);
     Dialog dialog(text);
+    if (!text.contains(Texts))
+        dialog.session.Test.TestTitle.clear();
     dialog.Open();
     QTEST(dialog.Disabled(), "disabled");
-    QCOMPARE(Find<QGroupBox>(*dialog.window, QStringLiteral("FrameScoring")).isEnabled(), text.contains(Multichoice));
+    QCOMPARE(Find<QGroupBox>(*dialog.window, QStringLiteral("FrameScoring")).isEnabled(),
+             text.contains(ChoiceQuestion));
 }
 
 void tst_dialogautoreport::Open_Session_PathTicksAndNote() {
-    Dialog dialog(Texts + Multichoice + QStringLiteral("[REPORT TITLE][REPORT ANALYSIS][APPEND TO REPORT FILE]"));
+    Dialog dialog(Texts + ChoiceQuestion + QStringLiteral("[REPORT TITLE][REPORT ANALYSIS][APPEND TO REPORT FILE]"));
     dialog.Open();
     QCOMPARE(Find<QLineEdit>(*dialog.window, QStringLiteral("Text1")).text(), QStringLiteral("Mood.txt"));
     QCOMPARE(dialog.session.ReportFilePath, QStringLiteral("<exit>"));
@@ -109,7 +110,7 @@ void tst_dialogautoreport::Open_Session_PathTicksAndNote() {
 }
 
 void tst_dialogautoreport::Ok_Changes_Taken() {
-    Dialog dialog(Texts + Multichoice + QStringLiteral("[REPORT SHORT ANSWERS][PROMPT CLIENT NAME][REPORT TITLE]"));
+    Dialog dialog(Texts + ChoiceQuestion + QStringLiteral("[REPORT SHORT ANSWERS][PROMPT CLIENT NAME][REPORT TITLE]"));
     dialog.Open();
     QVERIFY(!dialog.Box(12).isEnabled());
     Find<QLineEdit>(*dialog.window, QStringLiteral("Text1")).setText(QStringLiteral("other.txt"));
@@ -133,7 +134,7 @@ void tst_dialogautoreport::Cancel_Ways_NoFile_data() {
 
 void tst_dialogautoreport::Cancel_Ways_NoFile() {
     QFETCH(int, way);
-    Dialog dialog(Texts + Multichoice);
+    Dialog dialog(Texts + ChoiceQuestion);
     dialog.Open();
     Click(*dialog.window, QStringLiteral("ChkReportOptions_1"));
     if (way == 0)
@@ -148,7 +149,7 @@ void tst_dialogautoreport::Cancel_Ways_NoFile() {
 }
 
 void tst_dialogautoreport::Browse_Chosen_PathAndWorkingDirectory() {
-    Dialog dialog(Texts + Multichoice);
+    Dialog dialog(Texts + ChoiceQuestion);
     dialog.Open();
     for (const QString& chosen : {QStringLiteral("/else/r.txt"), QString()}) {
         QDir::setCurrent(QDir::rootPath());
@@ -167,7 +168,7 @@ void tst_dialogautoreport::Browse_Chosen_PathAndWorkingDirectory() {
 namespace {
 
 struct Flow : Dialog {
-    Flow() : Dialog(Texts + Multichoice) {
+    Flow() : Dialog(Texts + ChoiceQuestion) {
         QDir::setCurrent(folder.path());
         session.Responses = ResponseSet(1);
     }

@@ -65,11 +65,18 @@ void tst_frmclient::Ok_EnabledBoxes_Taken_data() {
     QTest::addColumn<bool>("administrator");
     QTest::addColumn<bool>("persist");
     QTest::addColumn<QStringList>("names"); // client, administrator, stored administrator ("-" for none)
-    QTest::newRow("both kept") << true << true << true << QStringList{QStringLiteral("x0"), QStringLiteral("x1"), QStringLiteral("x1")};
-    QTest::newRow("both, not kept") << true << true << false << QStringList{QStringLiteral("x0"), QStringLiteral("x1"), QStringLiteral("-")};
-    QTest::newRow("client alone") << true << false << true << QStringList{QStringLiteral("x0"), QStringLiteral("Dr Bo"), QStringLiteral("Dr Bo")};
-    QTest::newRow("administrator alone") << false << true << true << QStringList{QStringLiteral("Ann"), QStringLiteral("x1"), QStringLiteral("x1")};
-    QTest::newRow("client alone, not kept") << true << false << false << QStringList{QStringLiteral("x0"), QString(), QStringLiteral("-")};
+    QTest::newRow("both kept") << true << true << true
+                               << QStringList{QStringLiteral("x0"), QStringLiteral("x1"), QStringLiteral("x1")};
+    QTest::newRow("both, not kept") << true << true << false
+                                    << QStringList{QStringLiteral("x0"), QStringLiteral("x1"), QStringLiteral("-")};
+    QTest::newRow("client alone") << true << false << true
+                                  << QStringList{QStringLiteral("x0"), QStringLiteral("Dr Bo"),
+                                                 QStringLiteral("Dr Bo")};
+    QTest::newRow("administrator alone") << false << true << true
+                                         << QStringList{QStringLiteral("Ann"), QStringLiteral("x1"),
+                                                        QStringLiteral("x1")};
+    QTest::newRow("client alone, not kept")
+        << true << false << false << QStringList{QStringLiteral("x0"), QString(), QStringLiteral("-")};
 }
 
 void tst_frmclient::Ok_EnabledBoxes_Taken() {

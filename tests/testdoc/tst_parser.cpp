@@ -1,6 +1,7 @@
 #include "support/Files.h"
 #include "testdoc/TestParser.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -190,16 +191,17 @@ class tst_parser : public QObject {
         QCOMPARE(test.TotalRangeText(1), text);
     }
 
-    void LoadTest_TextBetweenSubscales_ReadsOneTwiceBeyondTheStep_data() {
+    void LoadTest_TextBeforeSubscales_ReadsOneTwiceBeyondTheStep_data() {
         QTest::addColumn<QString>("between");
         QTest::addColumn<QString>("names");
-        // The next search begins 7 behind the length of "Alpha": 12 characters behind the start, so that the second
-        // sub-scale is met first while fewer than 12 characters stand before the first one.
+        // Each search begins 7 behind the length of the element before it, counted from the last beginning and not from
+        // where that element stood; "Alpha" takes 12 characters and "Beta" 11.
         QTest::newRow("none") << QString() << QStringLiteral("Alpha,Beta");
-        QTest::newRow("11 characters") << QString(11, u'x') << QStringLiteral("Alpha,Beta");
+        QTest::newRow("10 characters") << QString(10, u'x') << QStringLiteral("Alpha,Beta");
+        QTest::newRow("11 characters") << QString(11, u'x') << QStringLiteral("Alpha,Beta,Beta");
         QTest::newRow("12 characters") << QString(12, u'x') << QStringLiteral("Alpha,Alpha,Beta");
     }
-    void LoadTest_TextBetweenSubscales_ReadsOneTwiceBeyondTheStep() {
+    void LoadTest_TextBeforeSubscales_ReadsOneTwiceBeyondTheStep() {
         QFETCH(QString, between);
         QFETCH(QString, names);
         const TestDocument test = Loaded(QStringLiteral("[SUBSCALES]") + between +
@@ -210,7 +212,7 @@ class tst_parser : public QObject {
         QCOMPARE(read.join(u','), names);
     }
 
-    void LoadTest_TextBetweenTotalRangesAndTemplateAnswers_StepsByTheLength() {
+    void LoadTest_TextBeforeRangesAndTemplateAnswers_StepsByTheLength() {
         const auto total = [](int extra) {
             return Loaded(QStringLiteral("[TOTAL]") + QString(extra, u'x') +
                           QStringLiteral("[SIG]0 to 1 =a[/SIG][SIG]2 to 3 =b[/SIG][/TOTAL]"))

@@ -427,11 +427,11 @@ void TestFrmEdit::ChangeFont_Accepted_AppliesToWholeBoxOnly() {
         QVERIFY(fonts != nullptr);
         QCOMPARE(fonts->currentFont().pointSize(), desk.Window->txtEdit->font().pointSize());
         QFont font = fonts->currentFont();
+        font.setStyleName({}); // it would win over what follows
         font.setPointSize(23);
         font.setBold(true);
         font.setItalic(true);
         fonts->setCurrentFont(font);
-        qWarning() << "WAS" << desk.Window->txtEdit->font() << "SET" << font << "NOW" << fonts->currentFont();
         fonts->accept();
     });
     Choose(*desk.Window, u"MnuEditFont"_s);

@@ -11,12 +11,23 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr QSize UsualSize(112 * GridUnit, 76 * GridUnit);
 constexpr int PanelWidth = 34 * GridUnit;
+
+/// Rows that are easy to hit.
+class RoomyRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * GridUnit);
+    }
+};
 
 QPushButton* MakeButton(const QString& name, const QString& caption) {
     auto* button = Named(new QPushButton(caption), name);
@@ -76,7 +87,7 @@ QLayout* Loading_Test::MakeTests() {
     Listselect_->setAccessibleName(QStringLiteral("Tests"));
     Listselect_->setFont(BodyFont());
     Listselect_->setWordWrap(true);
-    Listselect_->setSpacing(GridUnit / 2);
+    Listselect_->setItemDelegate(new RoomyRows(Listselect_));
     Listselect_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lblalt_ = MakeLabel(QStringLiteral("lblalt"), HeadingFont());
     lblalt_->setAlignment(Qt::AlignCenter);
@@ -135,6 +146,8 @@ QLayout* Loading_Test::MakeMenu() {
         menu->addWidget(link, 1, place++);
 
     auto* row = new QHBoxLayout;
+    // The room inside the tiles and links takes part in the window's margin.
+    row->setContentsMargins(-GridUnit, 0, -GridUnit, 0);
     row->addLayout(menu);
     row->addStretch(1);
     row->addLayout(MakeLinks());

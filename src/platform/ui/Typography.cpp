@@ -6,9 +6,9 @@
 
 QFont ScaledFont(double factor) {
     QFont font = QGuiApplication::font();
-    // A font is given either in points or in pixels; the other size is -1.
+    // A font is given either in points (half ones at the smallest) or in pixels; the other size is -1.
     if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * factor);
+        font.setPointSizeF(std::round(font.pointSizeF() * factor * 2) / 2);
     else
         font.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * factor)));
     return font;

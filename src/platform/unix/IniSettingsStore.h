@@ -2,16 +2,14 @@
 
 #include "platform/SettingsStore.h"
 
-#include <QSettings>
-
 /// The settings in the section "Settings" of an INI file that only its owner can read.
 class IniSettingsStore : public SettingsStore {
   public:
-    explicit IniSettingsStore(const QString& path);
+    explicit IniSettingsStore(const QString& path) : path_(path) {}
 
     QString Read(const QString& key, const QString& defaultText) const override;
     bool Write(const QString& key, const QString& text) override;
 
   private:
-    QSettings file_;
+    QString path_;
 };

@@ -5,6 +5,7 @@
 #include "platform/unix/PathOfficeProbe.h"
 
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QXmlStreamWriter>
 
 namespace {
@@ -59,15 +60,19 @@ Result LibreOfficeWriter::TypeText(const QString& text) {
     const QString program = WriterProgram();
     if (program.isEmpty())
         return Result::Failed(QStringLiteral("LibreOffice Writer is not on the PATH"));
-    if (!folder_)
-        folder_ = std::make_unique<QTemporaryDir>();
-    if (!folder_->isValid())
-        return Result::Failed(folder_->errorString());
-    const QString path = folder_->filePath(QStringLiteral("Report %1.fodt").arg(++count_));
+    QTemporaryDir folder;
+    if (!folder.isValid())
+        return Result::Failed(folder.errorString());
+    const QString path = folder.filePath(QStringLiteral("Report.fodt"));
     if (const Result written = WriteFile(path, FlatOpenDocument(text)); !written)
         return written;
-    // "-n" makes a new document with the file as its template, so that saving asks for a name.
-    if (!QProcess::startDetached(program, {QStringLiteral("-n"), path}))
+    // "-n" makes a new document with the file as its template, so that saving asks for a name. LibreOffice reads the
+    // file in its own time, perhaps after this program has ended, so the shell that waits for it takes the file away:
+    // at once when a running instance has read it, and when LibreOffice ends otherwise.
+    const QString script = QStringLiteral("\"$1\" -n \"$2\" >/dev/null 2>&1; rm -rf -- \"$3\"");
+    if (!QProcess::startDetached(QStringLiteral("/bin/sh"),
+                                 {QStringLiteral("-c"), script, QStringLiteral("sh"), program, path, folder.path()}))
         return Result::Failed(QStringLiteral("'%1' can't be started").arg(program));
+    folder.setAutoRemove(false);
     return Result::Done();
 }

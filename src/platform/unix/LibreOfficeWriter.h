@@ -2,19 +2,13 @@
 
 #include "platform/WordProcessor.h"
 
-#include <QTemporaryDir>
+#include <QByteArray>
 
-#include <memory>
-
-/// Shows a text in LibreOffice Writer as a new document without a name. A running instance takes it over.
+/// Shows a text in LibreOffice Writer as a new document without a name. A running instance takes it over. The file in
+/// between can be read by its owner only, and goes when LibreOffice is done with it.
 class LibreOfficeWriter : public WordProcessor {
   public:
     Result TypeText(const QString& text) override;
-
-  private:
-    /// Readable for the owner only, kept until the program ends, because LibreOffice reads it in its own time.
-    std::unique_ptr<QTemporaryDir> folder_;
-    int count_ = 0;
 };
 
 /// The text as a flat OpenDocument text, one paragraph a line; blanks and tabs are kept.

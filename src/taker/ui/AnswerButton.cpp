@@ -1,22 +1,39 @@
 #include "taker/ui/AnswerButton.h"
 
+#include "base/LineBreak.h"
 #include "platform/ui/Typography.h"
 
 #include <QFocusEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QTextLayout>
+
+#include <cmath>
 
 namespace {
 
-constexpr int TextFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextWrapAnywhere;
 constexpr int Padding = GridUnit;
 constexpr int LeastTextWidth = 20 * GridUnit;
 
+/// Breaks the text into lines between words, and within a word only where it is wider than the line.
+void LayOut(QTextLayout& layout, int width) {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    qreal top = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0, top});
+        top += line.height();
+    }
+    layout.endLayout();
+}
+
 } // namespace
 
-AnswerButton::AnswerButton(int number, QWidget* parent)
-    : QPushButton(parent), key_(QString::number(number % 10)) {
+AnswerButton::AnswerButton(int number, QWidget* parent) : QPushButton(parent), key_(QString::number(number % 10)) {
     setFocusPolicy(Qt::StrongFocus);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -42,6 +59,16 @@ void AnswerButton::SetChosen(bool chosen) {
     updateGeometry();
 }
 
+void AnswerButton::TakeFirstFocus() {
+    setFocus();
+    takesReturn_ = false;
+}
+
+QString AnswerButton::ShownText() const {
+    QString shown = text();
+    return shown.replace(LineBreak, QString(QChar::LineSeparator));
+}
+
 int AnswerButton::KeyWidth() const { return fontMetrics().horizontalAdvance(QStringLiteral("00")) + Padding; }
 
 QRect AnswerButton::TextRect(const QRect& whole) const {
@@ -56,9 +83,9 @@ QSize AnswerButton::sizeHint() const {
 QSize AnswerButton::minimumSizeHint() const { return {LeastTextWidth, minimumHeight()}; }
 
 int AnswerButton::heightForWidth(int width) const {
-    const QRect room = TextRect({0, 0, qMax(width, LeastTextWidth), 0});
-    const QRect needed = fontMetrics().boundingRect({0, 0, room.width(), 0}, TextFlags, text());
-    return qMax(minimumHeight(), needed.height() + 2 * Padding);
+    QTextLayout layout(ShownText(), font());
+    LayOut(layout, TextRect({0, 0, qMax(width, LeastTextWidth), 0}).width());
+    return qMax(minimumHeight(), static_cast<int>(std::ceil(layout.boundingRect().height())) + 2 * Padding);
 }
 
 void AnswerButton::paintEvent(QPaintEvent*) {
@@ -71,12 +98,30 @@ void AnswerButton::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     const QRect key(Padding, 0, KeyWidth(), height());
     painter.drawText(key, Qt::AlignLeft | Qt::AlignVCenter, key_);
-    painter.drawText(TextRect(rect()), TextFlags, text());
+    const QRect room = TextRect(rect());
+    QTextLayout layout(ShownText(), font());
+    LayOut(layout, room.width());
+    layout.draw(&painter, {double(room.left()), room.center().y() - layout.boundingRect().height() / 2});
+
+    // Only for who works with the keys: to others a marked answer would look like a suggestion.
+    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRoundedRect(rect().adjusted(2, 2, -2, -2), 2, 2);
+    }
 }
 
 void AnswerButton::mouseDoubleClickEvent(QMouseEvent* event) { event->accept(); }
 
 void AnswerButton::focusInEvent(QFocusEvent* event) {
-    takesReturn_ = event->reason() != Qt::OtherFocusReason;
+    switch (event->reason()) {
+    case Qt::MouseFocusReason:
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+        takesReturn_ = true;
+        break;
+    default:
+        break;
+    }
     QPushButton::focusInEvent(event);
 }

@@ -13,8 +13,10 @@ class AnswerButton : public QPushButton {
     void SetAnswer(const QString& text);
     /// Bold marks the answer chosen earlier.
     void SetChosen(bool chosen);
-    /// Whether the Return key may press it: only once the person has gone to it, not while it has the focus merely
-    /// because its question came up.
+    /// Takes the focus because its question came up.
+    void TakeFirstFocus();
+    /// Whether the Return key may press it: only once the person has gone to it, so that a Return too many after a
+    /// typed answer doesn't answer the next question.
     bool TakesReturn() const { return takesReturn_; }
 
     QSize sizeHint() const override;
@@ -28,6 +30,7 @@ class AnswerButton : public QPushButton {
     void focusInEvent(QFocusEvent* event) override;
 
   private:
+    QString ShownText() const;
     int KeyWidth() const;
     QRect TextRect(const QRect& whole) const;
 

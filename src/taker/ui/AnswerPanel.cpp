@@ -22,13 +22,15 @@ AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(pa
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 0, 0);
     FrmAnswer_ = {MakeFrame(Buttons, QStringLiteral("Answer from the following options")),
-                  MakeFrame(ShortBox, QStringLiteral("Short Answer")), MakeFrame(LongBox, QStringLiteral("Long Answer"))};
+                  MakeFrame(ShortBox, QStringLiteral("Short Answer")),
+                  MakeFrame(LongBox, QStringLiteral("Long Answer"))};
     for (QGroupBox* frame : FrmAnswer_)
-        column->addWidget(frame);
+        column->addWidget(frame, frame == FrmAnswer_[LongBox] ? 1 : 0);
     column->addStretch(0);
 
     MakeButtons(sizes);
     shortAnswer_ = new QLineEdit;
+    shortAnswer_->setMinimumHeight(5 * GridUnit);
     MakeBox(0, shortAnswer_, QStringLiteral("Enter"));
     longAnswer_ = new QPlainTextEdit;
     longAnswer_->setTabChangesFocus(true);
@@ -48,7 +50,7 @@ void AnswerPanel::MakeButtons(const AnswerSizes& sizes) {
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
     SetRoom(*column, 0, 0);
-    column->setSpacing(GridUnit / 2);
+    column->setSpacing(GridUnit / 4);
     QFont font = this->font();
     font.setPointSize(sizes.FontSize);
     for (int a = 1; a <= MaxAnswers; ++a) {
@@ -76,6 +78,7 @@ void AnswerPanel::MakeBox(int index, QWidget* box, const QString& key) {
     auto* label = Named(new QPushButton(QStringLiteral("Click here to accept your answer")),
                         QStringLiteral("Label1_%1").arg(index));
     label->setFont(BodyFont());
+    label->setMinimumSize(label->sizeHint().width() + 2 * GridUnit, 4 * GridUnit);
     label->setToolTip(key);
     connect(label, &QPushButton::clicked, this, [this, index] { Q_EMIT Label1_Click(index); });
     Label1_[static_cast<size_t>(index)] = label;
@@ -117,18 +120,14 @@ void AnswerPanel::ShowAnswers(const Administration& course, const Session& sessi
 }
 
 bool AnswerPanel::TakeFocus() {
-    QWidget* target = nullptr;
-    if (FrmAnswer_[Buttons]->isVisibleTo(this))
-        target = first_;
+    if (FrmAnswer_[Buttons]->isVisibleTo(this) && first_)
+        first_->TakeFirstFocus();
     else if (FrmAnswer_[ShortBox]->isVisibleTo(this))
-        target = shortAnswer_;
+        shortAnswer_->setFocus();
     else if (FrmAnswer_[LongBox]->isVisibleTo(this))
-        target = longAnswer_;
-    if (!target)
+        longAnswer_->setFocus();
+    else
         return false;
-    // The focus may be there already since the question before; its reason starts anew.
-    target->clearFocus();
-    target->setFocus();
     return true;
 }
 
@@ -147,8 +146,8 @@ bool AnswerPanel::eventFilter(QObject* watched, QEvent* event) {
         return QWidget::eventFilter(watched, event);
     const bool isShort = watched == shortAnswer_;
     const Qt::KeyboardModifiers modifiers = key->modifiers() & ~Qt::KeypadModifier;
-    const bool accepts = isShort ? modifiers == Qt::NoModifier || modifiers == Qt::ControlModifier
-                                 : modifiers == Qt::ControlModifier;
+    const bool accepts =
+        isShort ? modifiers == Qt::NoModifier || modifiers == Qt::ControlModifier : modifiers == Qt::ControlModifier;
     if (!accepts)
         return QWidget::eventFilter(watched, event);
     if (!key->isAutoRepeat())

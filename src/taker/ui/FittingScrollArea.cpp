@@ -8,26 +8,25 @@
 
 FittingScrollArea::FittingScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     setWidget(content);
     content->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Maximum);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
 }
 
 QSize FittingScrollArea::sizeHint() const {
     QSize hint = widget()->sizeHint();
-    if (const QLayout* layout = widget()->layout(); layout && layout->hasHeightForWidth() && testAttribute(Qt::WA_Resized))
+    if (const QLayout* layout = widget()->layout();
+        layout && layout->hasHeightForWidth() && testAttribute(Qt::WA_Resized))
         hint.setHeight(layout->heightForWidth(viewport()->width()));
     return hint + QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
 
 QSize FittingScrollArea::minimumSizeHint() const {
     const int width = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
-    return {width, qMin(sizeHint().height(), 12 * GridUnit)};
+    return {qMin(width, 40 * GridUnit), qMin(sizeHint().height(), 12 * GridUnit)};
 }
 
 // The height that fits depends on the width.

@@ -2,7 +2,7 @@
 
 #include <QScrollArea>
 
-/// Scrolls up and down when its content is higher than the room there is, and takes no more room than the content.
+/// Scrolls its content where the room there is doesn't hold it, and takes no more room than the content.
 /// The gradient behind it shines through.
 class FittingScrollArea : public QScrollArea {
   public:

@@ -39,7 +39,8 @@ int AnswerOfKey(const QKeyEvent& key) {
 } // namespace
 
 FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
-    : QMainWindow(parent), parts_(parts),
+    : QMainWindow(parent),
+      parts_(parts),
       sizes_(AnswerSizesFor(parts.TheSession.Test.LongestAnswerLength, parts.TheSession.Test.MaxAnswerCount)),
       course_(parts.TheSession) {
     setObjectName(QStringLiteral("FrmTest"));
@@ -59,9 +60,10 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
 
     auto* background = new GradientBackground;
     auto* column = new QVBoxLayout(background);
-    SetRoom(*column, 2, 2);
+    SetRoom(*column, 2, 1);
     column->addWidget(MakeQuestionFrame());
     column->addWidget(answers_, 1);
+    column->addSpacing(GridUnit);
     column->addLayout(MakeButtonRow());
     column->addWidget(LblStatus_);
     setCentralWidget(background);
@@ -115,7 +117,8 @@ QLayout* FrmTest::MakeButtonRow() {
 
 QPushButton* FrmTest::MakeButton(const QString& name, const QString& caption, void (FrmTest::*handler)()) {
     auto* button = Named(new QPushButton(caption), name);
-    button->setMinimumHeight(4 * GridUnit);
+    // The style's own least width would make the row too wide for a small screen.
+    button->setMinimumSize(button->fontMetrics().horizontalAdvance(caption) + 2 * GridUnit, 4 * GridUnit);
     connect(button, &QPushButton::clicked, this, handler);
     return button;
 }

@@ -47,7 +47,8 @@ void TestMenus::FillOptionsMenu() {
 
 void TestMenus::FillHelpMenu() {
     AddItem(*mnuhelp_, QStringLiteral("hlpy"), QStringLiteral("Help"), &TestMenus::hlpy_Click);
-    AddItem(*mnuhelp_, QStringLiteral("mnuhelpabout"), QStringLiteral("&About Vellumo"), &TestMenus::mnuhelpabout_Click);
+    AddItem(*mnuhelp_, QStringLiteral("mnuhelpabout"), QStringLiteral("&About Vellumo"),
+            &TestMenus::mnuhelpabout_Click);
 }
 
 void TestMenus::SetOptionsVisible(bool visible) {

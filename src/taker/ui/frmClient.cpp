@@ -12,7 +12,8 @@
 
 namespace {
 
-const std::array<QString, 2> NameLabels = {QStringLiteral("Client's Name"), QStringLiteral("Test Administrator's Name")};
+const std::array<QString, 2> NameLabels = {QStringLiteral("Client's Name"),
+                                           QStringLiteral("Test Administrator's Name")};
 
 } // namespace
 

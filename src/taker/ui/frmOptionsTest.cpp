@@ -21,8 +21,7 @@ frmOptionsTest::frmOptionsTest(TestDocument& test, Navigator& navigator, QWidget
     options->addWidget(MakeTestOptions());
     options->addWidget(MakeReportOptions());
 
-    auto* note = new QLabel(
-        QStringLiteral("N.B. Some automation options may only be changed using the Test Editor"));
+    auto* note = new QLabel(QStringLiteral("N.B. Some automation options may only be changed using the Test Editor"));
     note->setWordWrap(true);
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 2, 2);

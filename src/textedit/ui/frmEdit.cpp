@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -173,7 +174,10 @@ void frmEdit::MnuEditPaste_Click() {
 
 void frmEdit::MnuEditFont_Click() {
     bool accepted = false;
-    const QFont chosen = QFontDialog::getFont(&accepted, txtEdit->font(), this, QStringLiteral("Change Font"),
+    // A generic name such as "Sans Serif" isn't in the dialog's list and has no bold or italic there.
+    QFont current = txtEdit->font();
+    current.setFamily(QFontInfo(current).family());
+    const QFont chosen = QFontDialog::getFont(&accepted, current, this, QStringLiteral("Change Font"),
                                               QFontDialog::ScalableFonts | QFontDialog::NonScalableFonts);
     if (!accepted)
         return;

@@ -1,0 +1,126 @@
+#include "platform/Prompts.h"
+#include "taker/ui/FrmTest.h"
+#include "testdoc/TestParser.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+// Nothing outside the window is reached while questions are answered.
+class NoPrompts : public Prompts {
+    PromptAnswer Ask(const Prompt&) override { return PromptAnswer::Ok; }
+};
+class NoChooser : public FileChooser {
+    QString OpenFile(const FileQuestion&) override { return {}; }
+    QString SaveFile(const FileQuestion&) override { return {}; }
+    QString ChooseFolder(const QString&, const QString&) override { return {}; }
+};
+class NoLauncher : public Launcher {
+    Result Open(const QString&, const QString&) override { return Result::Done(); }
+};
+class NoOffice : public OfficeProbe {
+    QString QueryRegistryString(RegistryRoot, const QString&, const QString&) const override { return {}; }
+};
+class NoNavigator : public Navigator {
+    void ShowStartScreen() override {}
+    bool CloseAllAndShowStartScreen() override { return false; }
+    bool BeginLoadedTest() override { return false; }
+    bool AskNames(const QString&) override { return false; }
+    void ShowGeneralOptions() override {}
+    void ShowText(const QString&, const QString&) override {}
+    void ShowHelp(HelpTopic) override {}
+    void ShowAbout() override {}
+    bool EditTest() override { return false; }
+    bool EditNewTest() override { return false; }
+    void EndProgram() override {}
+};
+
+/// 500 questions of changing length with ten answers each.
+TestDocument LongestTest() {
+    TestDocument test;
+    test.TestFileText = QStringLiteral("[TITLE]Longest[/TITLE][NAVIGATION BUTTONS][TEMPLATE]");
+    for (int a = 1; a <= MaxAnswers; ++a)
+        test.TestFileText +=
+            QStringLiteral("[A]An answer with the number %1 that wraps in a narrow window[v=%1][/A]").arg(a);
+    test.TestFileText += QStringLiteral("[/TEMPLATE]");
+    for (int q = 1; q <= MaxQuestions; ++q)
+        test.TestFileText +=
+            QStringLiteral("[Q]Question %1 %2[/Q]").arg(q).arg(QStringLiteral("and so on "), q % 30 * 10);
+    LoadTest(test);
+    return test;
+}
+
+/// Counts the paintings of the question box.
+class PaintCounter : public QObject {
+  public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        Count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+};
+
+void ClickMiddleOf(QWidget& button) {
+    const QPointF middle = button.rect().center();
+    const QPointF global = button.mapToGlobal(middle);
+    QMouseEvent press(QEvent::MouseButtonPress, middle, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, middle, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&button, &press);
+    QCoreApplication::sendEvent(&button, &release);
+}
+
+/// From the click on an answer to the next question painted; the limit is 16 ms.
+void ClickToNextQuestionPainted(benchmark::State& state) {
+    Session session;
+    session.Test = LongestTest();
+    NoPrompts prompts;
+    NoChooser chooser;
+    SystemClock clock;
+    NoLauncher launcher;
+    NoOffice office;
+    NoNavigator navigator;
+    FrmTest window({session, prompts, chooser, clock, launcher, office, navigator});
+    window.show();
+    QCoreApplication::processEvents();
+    PaintCounter painted;
+    window.findChild<QTextEdit*>(QStringLiteral("TxtQuest"))->viewport()->installEventFilter(&painted);
+    auto* answer = window.findChild<QPushButton*>(QStringLiteral("Opt_3"));
+    auto* forward = window.findChild<QPushButton*>(QStringLiteral("CmdForward"));
+    auto* back = window.findChild<QPushButton*>(QStringLiteral("CmdBack"));
+
+    for (auto _ : state) {
+        const int before = painted.Count;
+        ClickMiddleOf(*answer);
+        // Layout and painting are both posted; it is over when nothing is left.
+        do
+            QCoreApplication::processEvents();
+        while (painted.Count == before);
+        QCoreApplication::processEvents();
+        if (session.Responses.CurrentQuestion == MaxQuestions) {
+            state.PauseTiming();
+            ClickMiddleOf(*answer);
+            back->click();
+            forward->click();
+            forward->click();
+            QCoreApplication::processEvents();
+            if (session.Responses.CurrentQuestion != 1)
+                state.SkipWithError("The window didn't come back to question 1");
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(ClickToNextQuestionPainted)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

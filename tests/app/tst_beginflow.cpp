@@ -1,0 +1,190 @@
+#include "app/BeginFlow.h"
+#include "app/ProgramStart.h"
+#include "support/Files.h"
+#include "support/MemorySettingsStore.h"
+#include "support/RecordingNavigator.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QByteArray Mood = "[TITLE]Mood[/TITLE][Q]How are you?[A]Well[v=1][/A][/Q]";
+const QByteArray NoQuestions = "[TITLE]Empty[/TITLE]";
+const QByteArray NotClosed = "[TITLE]Mood[/TITLE][Q]How are you?";
+
+} // namespace
+
+class tst_beginflow : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init();
+    void Begin_AnyFile_TakesTheWayThatItsContentSays_data();
+    void Begin_AnyFile_TakesTheWayThatItsContentSays();
+    void Begin_NamesCancelled_TestWindowStaysClosed();
+    void Begin_TestWindowRefuses_SaysThatItStayedClosed();
+    void BeginWithoutNames_TestAsksForNames_NobodyIsAsked();
+    void Begin_AfterAnotherTest_NothingOfItIsLeft();
+    void PathOfCommandLine_AnyLine_IsUsedAsItStands_data();
+    void PathOfCommandLine_AnyLine_IsUsedAsItStands();
+    void LoadSettingsOnce_SecondTime_KeepsWhatWasApplied();
+    void LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples();
+
+  private:
+    QString Put(const QByteArray& content) {
+        const QString path = folder_->filePath(QStringLiteral("Some Test.vlm"));
+        PutBytes(path, content);
+        return path;
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void tst_beginflow::init() { folder_ = std::make_unique<QTemporaryDir>(); }
+
+void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("messages");
+    QTest::addColumn<QStringList>("calls");
+    const QString begin = QStringLiteral("BeginLoadedTest");
+    const QString names = QStringLiteral("AskNames(Commencing 'Mood')");
+
+    QTest::newRow("a test") << Mood << QStringList() << QStringList{begin};
+    QTest::newRow("asks for the client's name")
+        << Mood + "[PROMPT CLIENT NAME]" << QStringList() << QStringList{names, begin};
+    QTest::newRow("asks for the tester's name")
+        << Mood + "[PROMPT TESTER NAME]" << QStringList() << QStringList{names, begin};
+    QTest::newRow("no questions") << NoQuestions + "[PROMPT CLIENT NAME]"
+                                  << QStringList{QStringLiteral("The test 'Empty' has no questions.")} << QStringList();
+    QTest::newRow("not understood") << NotClosed << QStringList{QStringLiteral("in the file: ")}
+                                    << QStringList{QStringLiteral("EndProgram")};
+    QTest::newRow("binary") << QByteArray("\0\1\2", 3) << QStringList{QStringLiteral("Can't read the test file '")}
+                            << QStringList();
+    QTest::newRow("missing") << QByteArray() << QStringList{QStringLiteral("Can't read the test file '")}
+                             << QStringList();
+}
+
+void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays() {
+    QFETCH(QByteArray, content);
+    QFETCH(QStringList, messages);
+    QFETCH(QStringList, calls);
+    Session session;
+    RecordingNavigator navigator;
+    ScriptedPrompts prompts;
+    for (const QString& message : messages)
+        prompts.Expect(message).InPart();
+
+    const QString path =
+        content.isEmpty() ? folder_->filePath(QStringLiteral("Nowhere.vlm")) : Put(content);
+    BeginFlow flow(session, navigator, prompts);
+    QCOMPARE(flow.Begin(path), messages.isEmpty());
+    QCOMPARE(navigator.Calls, calls);
+    QCOMPARE(flow.Ended(), calls.contains(QStringLiteral("EndProgram")));
+    for (const QString& shown : prompts.Shown())
+        QVERIFY(shown.contains(path) || shown.contains(QStringLiteral("'Empty'")));
+}
+
+void tst_beginflow::Begin_NamesCancelled_TestWindowStaysClosed() {
+    Session session;
+    RecordingNavigator navigator;
+    navigator.AskNamesAnswer = false;
+    ScriptedPrompts prompts;
+    QVERIFY(!BeginFlow(session, navigator, prompts).Begin(Put(Mood + "[PROMPT CLIENT NAME]")));
+    QCOMPARE(navigator.Calls, QStringList{QStringLiteral("AskNames(Commencing 'Mood')")});
+}
+
+void tst_beginflow::Begin_TestWindowRefuses_SaysThatItStayedClosed() {
+    Session session;
+    RecordingNavigator navigator;
+    navigator.BeginAnswer = false;
+    ScriptedPrompts prompts;
+    QVERIFY(!BeginFlow(session, navigator, prompts).Begin(Put(Mood)));
+}
+
+void tst_beginflow::BeginWithoutNames_TestAsksForNames_NobodyIsAsked() {
+    Session session;
+    RecordingNavigator navigator;
+    ScriptedPrompts prompts;
+    QVERIFY(BeginFlow(session, navigator, prompts).BeginWithoutNames(Put(Mood + "[PROMPT CLIENT NAME]")));
+    QCOMPARE(navigator.Calls, QStringList{QStringLiteral("BeginLoadedTest")});
+}
+
+void tst_beginflow::Begin_AfterAnotherTest_NothingOfItIsLeft() {
+    Session session;
+    RecordingNavigator navigator;
+    ScriptedPrompts prompts;
+    BeginFlow flow(session, navigator, prompts);
+    QVERIFY(flow.Begin(Put("[Q]Free[QT]3[/QT][SS=1][/Q][SUBSCALES][S]One[/S][/SUBSCALES][AUTOSAVE FILENAME]x[/AUTOSAVE FILENAME]")));
+    QCOMPARE(session.Test.QuestionType(1), int(LongAnswer));
+    QVERIFY(flow.Begin(Put("[Q]Which?[/Q]")));
+    QCOMPARE(session.Test.QuestionType(1), int(TypeUnset));
+    QCOMPARE(session.Test.QuestionSubscale(1), 0);
+    QCOMPARE(session.Test.AutosaveFileName, QString());
+}
+
+void tst_beginflow::PathOfCommandLine_AnyLine_IsUsedAsItStands_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("path");
+    const QString here = QStringLiteral("HERE/");
+    QTest::newRow("none") << QString() << QString() << QString();
+    QTest::newRow("relative") << "a b.vlm" << "a b.vlm" << here + QStringLiteral("a b.vlm");
+    QTest::newRow("absolute") << QString() << "/x/a.vlm" << "/x/a.vlm";
+    QTest::newRow("missing") << QString() << "gone.vlm" << here + QStringLiteral("gone.vlm");
+    QTest::newRow("blanks at its ends") << QString() << " a.vlm " << here + QStringLiteral(" a.vlm ");
+    QTest::newRow("in quotes, no such file") << "a b.vlm" << "\"a b.vlm\"" << here + QStringLiteral("a b.vlm");
+    QTest::newRow("in quotes, such a file") << "\"a\"" << "\"a\"" << here + QStringLiteral("\"a\"");
+    QTest::newRow("more than one pair") << QString() << "\"a\" \"b\"" << here + QStringLiteral("\"a\" \"b\"");
+    QTest::newRow("one quote") << QString() << "\"a.vlm" << here + QStringLiteral("\"a.vlm");
+}
+
+void tst_beginflow::PathOfCommandLine_AnyLine_IsUsedAsItStands() {
+    QFETCH(QString, file);
+    QFETCH(QString, line);
+    QFETCH(QString, path);
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(folder_->path());
+    if (!file.isEmpty())
+        PutBytes(file, "x");
+    const QString found = PathOfCommandLine(line);
+    path.replace(QStringLiteral("HERE"), QDir::currentPath());
+    QDir::setCurrent(before);
+    QCOMPARE(found, path);
+}
+
+void tst_beginflow::LoadSettingsOnce_SecondTime_KeepsWhatWasApplied() {
+    Session session;
+    ProgramStart start;
+    MemorySettingsStore store;
+    const DefaultFolders folders{folder_->path(), folder_->path()};
+    store.Values[QStringLiteral("defaultdirectory")] = folder_->path();
+    store.Values[QStringLiteral("AdministratorName")] = QStringLiteral("Dr. Stone");
+    LoadSettingsOnce(start, session, store, folders);
+    QCOMPARE(session.AdministratorName, QStringLiteral("Dr. Stone"));
+
+    session.UserSettings.QuestionPrefix = QStringLiteral("Item ");
+    session.AdministratorName = QStringLiteral("Dr. Field");
+    LoadSettingsOnce(start, session, store, folders);
+    QCOMPARE(session.UserSettings.QuestionPrefix, QStringLiteral("Item "));
+    QCOMPARE(session.AdministratorName, QStringLiteral("Dr. Field"));
+}
+
+void tst_beginflow::LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples() {
+    QDir(folder_->path()).mkdir(QStringLiteral("samples"));
+    PutBytes(folder_->filePath(QStringLiteral("samples/Mood.vlm")), Mood);
+    const QString documents = folder_->filePath(QStringLiteral("Documents"));
+    Session session;
+    ProgramStart start;
+    start.Known = {folder_->filePath(QStringLiteral("program")), documents, folder_->filePath(QStringLiteral("samples"))};
+    MemorySettingsStore store;
+    const DefaultFolders folders = ChooseDefaultFolders(start.Known);
+    LoadSettingsOnce(start, session, store, folders);
+    QCOMPARE(session.UserSettings.DefaultDirectory, documents + QStringLiteral("/Vellumo"));
+    QCOMPARE(BytesOf(documents + QStringLiteral("/Vellumo/Mood.vlm")), Mood);
+}
+
+QTEST_GUILESS_MAIN(tst_beginflow)
+#include "tst_beginflow.moc"
