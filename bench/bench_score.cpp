@@ -70,6 +70,8 @@ rusage RunScore(const QByteArray& program, const QByteArray& test, const QByteAr
     return usage;
 }
 
+double Seconds(const timeval& time) { return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6; }
+
 void Score(benchmark::State& state) {
     const QTemporaryDir folder;
     const QString test = folder.filePath(QStringLiteral("Bench.vlm"));
@@ -79,13 +81,16 @@ void Score(benchmark::State& state) {
     const QByteArray program = QFile::encodeName(Program());
 
     long peakKilobytes = 0;
+    double processorSeconds = 0;
     for (auto _ : state) {
         const auto begin = std::chrono::steady_clock::now();
         const rusage usage = RunScore(program, QFile::encodeName(test), QFile::encodeName(responses));
         state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+        processorSeconds += Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
         peakKilobytes = std::max(peakKilobytes, usage.ru_maxrss);
     }
     state.counters["peak_MB"] = static_cast<double>(peakKilobytes) / 1024;
+    state.counters["cpu_ms"] = 1000 * processorSeconds / static_cast<double>(state.iterations());
     state.counters["rows/s"] = benchmark::Counter(static_cast<double>(state.range(0) * state.iterations()),
                                                   benchmark::Counter::kIsRate);
 }

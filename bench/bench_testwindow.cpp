@@ -48,8 +48,13 @@ TestDocument LongestTest() {
     test.TestFileText += QStringLiteral("[/TEMPLATE]");
     for (int q = 1; q <= MaxQuestions; ++q)
         test.TestFileText +=
-            QStringLiteral("[Q]Question %1 %2[/Q]").arg(q).arg(QStringLiteral("and so on "), q % 30 * 10);
+            QStringLiteral("[Q]Question %1 %2[/Q]").arg(q).arg(QStringLiteral("and so on ").repeated(q % 30));
     LoadTest(test);
+    // Answers that differ from question to question, so that every button has to be laid out anew.
+    for (int q = 1; q <= MaxQuestions; ++q)
+        for (int a = 1; a <= MaxAnswers; ++a)
+            test.AnswerText(q, a) +=
+                QStringLiteral(" in question %1 ").arg(q) + QStringLiteral("and more ").repeated((q + a) % 12);
     return test;
 }
 

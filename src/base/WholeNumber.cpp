@@ -67,6 +67,14 @@ std::optional<int> TryWholeNumber(QStringView text) {
     return number;
 }
 
+std::optional<int> TryAnswerNumber(QStringView text) {
+    text = WithoutBlanks(text);
+    for (const QChar c : text)
+        if (!IsDigit(c))
+            return std::nullopt;
+    return TryWholeNumber(text);
+}
+
 int ToWholeNumber(QStringView text) {
     if (const auto number = TryWholeNumber(text))
         return *number;

@@ -12,5 +12,9 @@
 /// Returns nothing when the text is no such number or is outside -32768..32767.
 std::optional<int> TryWholeNumber(QStringView text);
 
+/// The number of an answer as a person gives it: digits alone, with blanks and tabs around them. Nothing for any other
+/// text.
+std::optional<int> TryAnswerNumber(QStringView text);
+
 /// As TryWholeNumber; throws NumberError, whose message quotes the text, instead of returning nothing.
 int ToWholeNumber(QStringView text);

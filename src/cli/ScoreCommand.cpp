@@ -45,10 +45,13 @@ void WriteRow(Spool& spool, const ResponsesReader& reader) {
 bool WriteReports(QFile& file, TestDocument& test, const ReportContext& context, Console& console) {
     bool allWritten = true;
     SayingPrompts prompts(console);
-    file.seek(0);
+    TakenNumbers taken;
+    if (!file.seek(0))
+        throw Failure(QStringLiteral("Can't read the responses file '") + file.fileName() + QStringLiteral("' again: ") +
+                      file.errorString());
     ReadResponses(file, test, ResponsesReader::Texts::Kept, console, [&](const ResponsesReader& reader) {
         const int saidBefore = prompts.Count();
-        const QString path = ReportPathFor(test, QString::fromStdString(reader.Client()), prompts);
+        const QString path = ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
         const Result written =
             WriteReportFile(path, ReportOfRow(reader, test, context), test.TestOption(AppendToReportFile));
         const QString row = QStringLiteral("row %1: ").arg(reader.Row());

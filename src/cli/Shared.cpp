@@ -38,7 +38,12 @@ ReportContext ReportContextFrom(const CommandLine& line, const Console& console)
     context.Now = console.Time.Now();
     const QString nowOption = QStringLiteral("--now");
     if (line.Has(nowOption)) {
-        context.Now = QDateTime::fromString(line.Value(nowOption), QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
+        // Only the two parts are used; in UTC no hour is left out by summer time.
+        const QString now = line.Value(nowOption);
+        const QDate date = QDate::fromString(now.left(10), QStringLiteral("yyyy-MM-dd"));
+        const QTime time = QTime::fromString(now.mid(10), QStringLiteral("'T'HH:mm:ss"));
+        // Only the two parts are used; in UTC no hour is left out by summer time.
+        context.Now = date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
         if (!context.Now.isValid())
             throw UsageError(Quoted(line.Value(nowOption)) +
                              QStringLiteral(" is no date and time such as 2026-11-21T14:05:09"));

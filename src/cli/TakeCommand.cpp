@@ -6,6 +6,7 @@
 #include "platform/SafeFile.h"
 #include "platform/TextFile.h"
 #include "taker/Administration.h"
+#include "taker/Scoring.h"
 
 #include <optional>
 
@@ -33,6 +34,8 @@ class Interview {
     void TakeAnswer(const QString& line);
     void Step(bool offered, void (Administration::*step)());
     void TellReport();
+    /// Whether a report can be made at the end; what the client can do about it is told when not.
+    bool CanEnd();
 
     Session& session_;
     Console& console_;
@@ -70,6 +73,7 @@ std::optional<QString> Interview::ReadLine() {
     if (bytes.isEmpty())
         return std::nullopt;
     QString line = DecodeText(bytes).Text;
+    line.remove(QChar(u'\0'));
     while (line.endsWith(u'\n') || line.endsWith(u'\r'))
         line.chop(1);
     return line;
@@ -91,7 +95,7 @@ bool Interview::TakeLine(const QString& line) {
         return TakeCommandWord(line.trimmed());
     if (administration_.Page() == TestPage::Completed) {
         if (line.isEmpty())
-            return false;
+            return !CanEnd();
         Tell(QStringLiteral("The test is completed. An empty line ends it; :back goes back."));
         return true;
     }
@@ -101,7 +105,7 @@ bool Interview::TakeLine(const QString& line) {
 
 bool Interview::TakeCommandWord(const QString& word) {
     if (word == QStringLiteral(":quit"))
-        return false;
+        return !CanEnd();
     if (word == QStringLiteral(":back"))
         Step(administration_.BackVisible(), &Administration::Back);
     else if (word == QStringLiteral(":forward"))
@@ -131,9 +135,21 @@ void Interview::TellReport() {
     }
 }
 
+bool Interview::CanEnd() {
+    try {
+        ComputeScores(session_.Test, session_.Responses);
+        return true;
+    } catch (const Failure& failure) {
+        Tell(failure.Message() +
+             QStringLiteral(": no report can be made of these answers. :back changes one; the end of the input gives "
+                            "them up."));
+        return false;
+    }
+}
+
 void Interview::TakeAnswer(const QString& line) {
     if (administration_.ShowsMultichoice()) {
-        const std::optional<int> a = TryWholeNumber(line);
+        const std::optional<int> a = TryAnswerNumber(line);
         if (!a || !administration_.Choose(*a))
             return Tell(Quoted(line) + QStringLiteral(" is not the number of an answer."));
     } else if (administration_.ShowsShortAnswer() || administration_.ShowsLongAnswer()) {

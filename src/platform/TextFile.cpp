@@ -8,6 +8,7 @@
 #include <QStringConverter>
 
 #include <array>
+#include <cerrno>
 
 namespace {
 
@@ -95,7 +96,8 @@ Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file) {
 
     QFile source(path);
     if (!source.open(QIODevice::ReadOnly))
-        return Result::Failed(info.exists() ? source.errorString() : QStringLiteral("there is no such file"));
+        return Result::Failed(source.errorString() == qt_error_string(ENOENT) ? QStringLiteral("there is no such file")
+                                                                       : source.errorString());
     const QByteArray bytes = source.read(maxBytes + 1);
     if (source.error() != QFileDevice::NoError)
         return Result::Failed(source.errorString());

@@ -18,6 +18,8 @@ QString WithLineBreaks(QString text) {
 } // namespace
 
 QString ReadTemplateDescription(const QString& path) {
+    if (path.isEmpty())
+        return {};
     TextOfFile file;
     if (const Result read = ReadTextFile(path, MaxTestFileBytes, file); !read)
         return {};

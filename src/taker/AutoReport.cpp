@@ -7,6 +7,7 @@
 #include "platform/TextFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -24,11 +25,14 @@ QString WithSeparator(const QString& directory) {
     return directory.isEmpty() || EndsInSeparator(directory) ? directory : directory + DirectorySeparator;
 }
 
-QString FirstFreePath(const QString& name) {
-    QString path = name + QStringLiteral(".txt");
-    for (int k = 1; QFile::exists(path); ++k)
-        path = name + u'(' + QString::number(k) + QStringLiteral(").txt");
-    return path;
+QString FirstFreePath(const QString& name, TakenNumbers* taken) {
+    int k = taken ? taken->value(name) : 0;
+    const auto path = [&] { return k == 0 ? name + QStringLiteral(".txt") : name + QStringLiteral("(%1).txt").arg(k); };
+    while (QFile::exists(path()))
+        ++k;
+    if (taken)
+        taken->insert(name, k);
+    return path();
 }
 
 } // namespace
@@ -40,17 +44,18 @@ QString ReportDirectoryFor(const TestDocument& test, const QString& clientName, 
     return WithSeparator(directory);
 }
 
-QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& prompts) {
+QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& prompts, TakenNumbers* taken) {
     QString name = ReportDirectoryFor(test, clientName, prompts);
-    if (!test.AutosaveFileName.isEmpty()) {
-        test.AutosaveFileName = test.AutosaveFileName.section(u'.', 0, 0);
+    test.AutosaveFileName = test.AutosaveFileName.section(u'.', 0, 0);
+    if (!test.AutosaveFileName.isEmpty())
         name += test.AutosaveFileName;
-    } else {
+    else if (!test.TestBaseName.isEmpty())
         name += test.TestBaseName;
-    }
+    else // A path whose first dot stands before the file's name leaves no base name, and ".txt" alone would be hidden.
+        name += QFileInfo(test.TestFileName).completeBaseName();
     if (test.TestOption(AutosaveReportAsClient))
         name += u' ' + FileNameOf(clientName);
-    return test.TestOption(AppendToReportFile) ? name + QStringLiteral(".txt") : FirstFreePath(name);
+    return test.TestOption(AppendToReportFile) ? name + QStringLiteral(".txt") : FirstFreePath(name, taken);
 }
 
 bool AutoReportAsks(const Session& session) {

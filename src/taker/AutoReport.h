@@ -3,6 +3,8 @@
 #include "platform/Prompts.h"
 #include "taker/Session.h"
 
+#include <QHash>
+
 /// How the file of an automatic report came about.
 struct WrittenReport {
     /// Empty when nothing was written.
@@ -17,10 +19,13 @@ inline const QString NoReportFile = QStringLiteral("<exit>");
 /// one. A directory that can't be made is told by "Can't make directory: " + path, and "" takes its place.
 QString ReportDirectoryFor(const TestDocument& test, const QString& clientName, Prompts& prompts);
 
+/// How far the numbers in brackets went for each name, so that a run over many reports doesn't try all of them again.
+using TakenNumbers = QHash<QString, int>;
+
 /// The path of the next automatic report: directory, the autosave file name or the test's, the client's name if the
 /// test says so, and ".txt"; a number in brackets when reports are not appended and the name is taken. Shortens the
 /// test's AutosaveFileName before its first ".".
-QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& prompts);
+QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& prompts, TakenNumbers* taken = nullptr);
 
 /// Whether the dialog asks before the report is written.
 bool AutoReportAsks(const Session& session);

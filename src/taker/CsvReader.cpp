@@ -1,5 +1,6 @@
 #include "taker/CsvReader.h"
 
+#include <QFileDevice>
 #include <QUtf8StringView>
 
 #include <array>
@@ -53,7 +54,9 @@ bool CsvReader::Refill() {
     const qint64 count = source_.read(buffer_.data() + end_, static_cast<qint64>(buffer_.size() - end_ - 1));
     if (count <= 0) {
         finished_ = true;
-        failed_ = count < 0 && !source_.atEnd();
+        // A file without a size says "at end" also when reading failed.
+        const auto* file = qobject_cast<const QFileDevice*>(&source_);
+        failed_ = count < 0 && (file ? file->error() != QFileDevice::NoError : !source_.atEnd());
         buffer_[end_] = '\0';
         return false;
     }

@@ -197,7 +197,8 @@ void ResponsesReader::TakeChoice(const Column& column, const CsvCell& cell) {
     const std::string_view text = WithoutBlanks(cell.Text);
     if (text.empty())
         return;
-    if (const auto number = TryWholeNumber(TextOf(text)))
+    // A fraction or a sign would mean something else than the answer that it is rounded to.
+    if (const auto number = TryAnswerNumber(TextOf(text)))
         return TakeNumber(column, cell, *number);
     ComplainAt(column.Name, cell.Line, Quoted(TextOf(text)) + QStringLiteral(" is not the number of an answer"));
 }

@@ -7,6 +7,7 @@
 #include "platform/TextFile.h"
 
 #include <QDir>
+#include <QSet>
 
 namespace {
 
@@ -273,14 +274,30 @@ void Loader::TakeTemplateAnswers(int q) {
     }
 }
 
+/// Every "[" with what follows it up to the next "]", as far as it is of the length of an option's tag. One pass finds
+/// all the options, where a search for each of them would go through the text again and again.
+QSet<QStringView> BracketedWords(QStringView text) {
+    constexpr qsizetype shortest = 14;
+    constexpr qsizetype longest = 48;
+    QSet<QStringView> words;
+    for (qsizetype at = text.indexOf(u'['); at >= 0; at = text.indexOf(u'[', at + 1)) {
+        const QStringView rest = text.mid(at, longest);
+        const qsizetype length = rest.indexOf(u']') + 1;
+        if (length >= shortest)
+            words.insert(rest.first(length));
+    }
+    return words;
+}
+
 void Loader::LoadOptions() {
     const auto& tags = OptionTags();
     for (int i = 1; i <= OptionCount; ++i)
         test_.OptionTag(i) = tags[static_cast<size_t>(i - 1)];
-    test_.ReportOnlyWhenDone = whole_.Find(ReportOnlyWhenDoneTag) != 0;
-    test_.NavigationButtons = whole_.Find(NavigationButtonsTag) != 0;
+    const QSet<QStringView> words = BracketedWords(upper_);
+    test_.ReportOnlyWhenDone = words.contains(ReportOnlyWhenDoneTag);
+    test_.NavigationButtons = words.contains(NavigationButtonsTag);
     for (int i = 1; i <= OptionCount; ++i)
-        test_.TestOption(i) = whole_.Find(test_.OptionTag(i)) != 0;
+        test_.TestOption(i) = words.contains(test_.OptionTag(i));
     test_.ReportDirectory = Section(u"REPORT DIR");
     test_.ExcelFileName = Section(u"EXCEL FILE NAME");
     test_.ExcelDirectory = Section(u"EXCEL DIR");
@@ -340,11 +357,11 @@ Result ReadTestFile(TestDocument& test, const QString& path) {
     if (const Result read = ReadTextFile(path, MaxTestFileBytes, file); !read)
         return read;
 
-    QString text;
-    text.reserve(file.Text.size());
-    for (const QChar c : std::as_const(file.Text))
-        if (c != u'\r' && c != u'\n')
-            text += c;
+    QString text = file.Text;
+    // Old systems ended a text file with this character.
+    if (text.endsWith(u'\x1A'))
+        text.chop(1);
+    text.remove(u'\r').remove(u'\n');
     text.replace(QStringLiteral("<P>"), LineBreak).replace(QStringLiteral("<p>"), LineBreak);
     if (text.size() > MaxTestFileLength)
         return Result::Failed(QStringLiteral("it holds %1 characters, and a test has at most %2")
@@ -397,5 +414,5 @@ Result OpenTest(TestDocument& test, const QString& path) {
 QString AbsolutePath(const QString& path) {
     if (QDir::isAbsolutePath(path))
         return path;
-    return QDir::currentPath() + u'/' + path;
+    return QDir::cleanPath(QDir::currentPath() + u'/' + path);
 }

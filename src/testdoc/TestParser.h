@@ -30,5 +30,6 @@ QString CantReadTestFile(const QString& path, const QString& reason);
 /// Fails with the whole sentence when the file can't be read; throws ParseError as LoadTest does.
 Result OpenTest(TestDocument& test, const QString& path);
 
-/// The path as an absolute one: a relative one is joined to the current directory; nothing else changes.
+/// The path as an absolute one: a relative one is joined to the current directory, without the "." and ".." that only
+/// tell the way (a dot among them would cut the base name short); an absolute path stays as it stands.
 QString AbsolutePath(const QString& path);

@@ -40,7 +40,7 @@ struct Reserved {
 const QList<Reserved>& ReservedWords() {
     static const QList<Reserved> words = {
         {QStringLiteral("QMessageBox"), {QStringLiteral("platform/ui/QtPrompts.cpp")}},
-        {QStringLiteral("QFileDialog"), {QStringLiteral("platform/ui/QtFileChooser.cpp")}},
+        {QStringLiteral("QFileDialog"), {QStringLiteral("platform/ui/QtFileChooser.")}},
         {QStringLiteral("QPrinter"), {QStringLiteral("platform/ui/QtPrinter.cpp")}},
         {QStringLiteral("QProcess"), {QStringLiteral("platform/unix/"), QStringLiteral("platform/windows/")}},
         {QStringLiteral("QClipboard"), {QStringLiteral("platform/ui/QtClipboard.cpp")}},
@@ -86,7 +86,7 @@ QStringList WrongIncludes(const Source& source) {
 QStringList WidgetsInCore(const Source& source) {
     static const QRegularExpression widget(
         QStringLiteral("^#include <(QtWidgets|QtGui|QtPrintSupport|QApplication|QGuiApplication|QWidget|QDialog|QMainWindow|"
-                       "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|View|Window|Painter|Printer|Event|Icon|"
+                       "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|(?<!String)View|Window|Painter|Printer|Event|Icon|"
                        "Image|Pixmap|Color|Font|Clipboard|Screen|Palette))[/>]"),
         QRegularExpression::MultilineOption);
     QStringList wrong;

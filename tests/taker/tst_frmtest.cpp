@@ -250,12 +250,12 @@ void tst_frmtest::TypedText_Accepted_KeptWithItsLines() {
     taking.Open();
     taking.Do(QStringLiteral("1t"));
     auto& box = taking.Control<QPlainTextEdit>(QStringLiteral("txtanswer_1"));
-    Type(box, QStringLiteral("Grüße\n2 lines"));
+    Type(box, QStringLiteral("Grüße\n2\u00a0lines"));
     QCOMPARE(taking.Caption(), QStringLiteral("Question 3 of 4"));
     Press(box, Qt::Key_Return, Qt::ControlModifier);
-    QCOMPARE(taking.session.Responses.ResponseText(3), QStringLiteral("Grüße\r\n2 lines"));
+    QCOMPARE(taking.session.Responses.ResponseText(3), QStringLiteral("Grüße\r\n2\u00a0lines"));
     taking.Do(QStringLiteral("b"));
-    QCOMPARE(box.toPlainText(), QStringLiteral("Grüße\n2 lines"));
+    QCOMPARE(box.toPlainText(), QStringLiteral("Grüße\n2 lines")); // a plain blank is its own
     QCOMPARE(taking.session.Responses.ResponseText(2), QStringLiteral("typed"));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(taking.Control<QPushButton>(QStringLiteral("Label1_%1").arg(i)).text(),

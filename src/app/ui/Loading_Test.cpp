@@ -19,10 +19,19 @@ namespace {
 constexpr QSize UsualSize(112 * GridUnit, 76 * GridUnit);
 constexpr int PanelWidth = 34 * GridUnit;
 
-/// Rows that are easy to hit.
+/// Rows that are easy to hit, with room around their text.
 class RoomyRows : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        const QStyle* style = option.widget->style();
+        style->drawPrimitive(QStyle::PE_PanelItemViewItem, &row, painter, option.widget);
+        row.rect.adjust(GridUnit, 0, -GridUnit, 0);
+        style->drawControl(QStyle::CE_ItemViewItem, &row, painter, option.widget);
+    }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * GridUnit);
@@ -142,12 +151,12 @@ QLayout* Loading_Test::MakeMenu() {
     menu->setSpacing(0);
     menu->addWidget(Picture1_, 0, 0, 1, 3);
     int place = 0;
-    for (LinkButton* link : {Label7_, Label3_, Label5_})
-        menu->addWidget(link, 1, place++);
+    for (LinkButton* link : {Label7_, Label3_, Label5_}) {
+        link->setMinimumWidth(PictureMenu::TileWidth);
+        menu->addWidget(link, 1, place++, Qt::AlignLeft);
+    }
 
     auto* row = new QHBoxLayout;
-    // The room inside the tiles and links takes part in the window's margin.
-    row->setContentsMargins(-GridUnit, 0, -GridUnit, 0);
     row->addLayout(menu);
     row->addStretch(1);
     row->addLayout(MakeLinks());

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int RegionCount = 3;
-constexpr int RegionWidth = 14 * GridUnit;
+constexpr int RegionWidth = PictureMenu::TileWidth + PictureMenu::Gap;
 constexpr int PictureHeight = 7 * GridUnit;
 // The pictures are drawn on a field of this side.
 constexpr double Field = 32;
@@ -69,11 +69,13 @@ QRectF PictureMenu::RectOf(Region region) const {
     return {static_cast<double>(region) * RegionWidth, 0, RegionWidth, PictureHeight};
 }
 
+QRectF PictureMenu::TileOf(Region region) const { return RectOf(region).adjusted(0, 0, -Gap, 0); }
+
 void PictureMenu::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     for (const Region region : {Region::Editor, Region::Browse, Region::Options}) {
-        const QRectF place = RectOf(region).adjusted(GridUnit, 0, -GridUnit, 0);
+        const QRectF place = TileOf(region);
         QColor tile = palette().color(QPalette::Base);
         tile.setAlphaF(hovered_ == region ? 0.95F : 0.6F);
         painter.setPen(Qt::NoPen);

@@ -18,6 +18,10 @@ class PictureMenu : public QWidget {
     std::optional<Region> RegionAt(const QPointF& point) const;
     QRectF RectOf(Region region) const;
 
+    /// The width of a picture, and what is between two.
+    static constexpr int TileWidth = 96;
+    static constexpr int Gap = 16;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -32,6 +36,7 @@ class PictureMenu : public QWidget {
     void leaveEvent(QEvent* event) override;
 
   private:
+    QRectF TileOf(Region region) const;
     void SetHovered(std::optional<Region> region);
 
     std::optional<Region> hovered_;

@@ -40,7 +40,8 @@ void AddRow(QGridLayout* grid, const QString& caption, QWidget* box, QWidget* bu
     auto* label = new QLabel(caption);
     label->setBuddy(box);
     box->setAccessibleName(caption);
-    grid->addWidget(label, row, 0);
+    const bool lines = qobject_cast<QPlainTextEdit*>(box) != nullptr;
+    grid->addWidget(label, row, 0, lines ? Qt::AlignTop : Qt::Alignment());
     grid->addWidget(box, row, 1, 1, button ? 1 : 2);
     if (button)
         grid->addWidget(button, row, 2);

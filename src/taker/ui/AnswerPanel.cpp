@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace {
@@ -132,8 +133,11 @@ bool AnswerPanel::TakeFocus() {
 }
 
 QString AnswerPanel::TypedText(int i) const {
-    QString text = i == 0 ? shortAnswer_->text() : longAnswer_->toPlainText();
+    // The raw text, because the plain one has lost the blanks that don't break.
+    QString text = i == 0 ? shortAnswer_->text() : longAnswer_->document()->toRawText();
     text.replace(LineBreak, QStringLiteral("\n"));
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, u'\n');
     return text.replace(u'\n', LineBreak);
 }
 

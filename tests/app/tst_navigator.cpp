@@ -1,0 +1,262 @@
+#include "Program.h"
+
+#include "app/ui/AboutBox.h"
+
+#include <QtTest>
+
+namespace {
+
+const QByteArray Mood = "[TITLE]Mood[/TITLE][INTRODUCTION]Hello[/INTRODUCTION][Q]How are you?[A]Well[v=1][/A][/Q]";
+
+/// Notes what it was asked for.
+class RecordingEditor : public EditorOpener {
+  public:
+    void OpenOnTest() override { Calls.append(QStringLiteral("test")); }
+    void OpenOnNewTest() override { Calls.append(QStringLiteral("new")); }
+    QStringList Calls;
+};
+
+struct Started : Program {
+    Started() {
+        Put(QStringLiteral("Mood.vlm"), Mood);
+        navigator.ShowStartScreen();
+    }
+    void BeginMood() { Click(*navigator.StartScreen(), QStringLiteral("cmdBeginTest")); }
+};
+
+int VisibleWindows() {
+    int visible = 0;
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        visible += widget->isVisible() ? 1 : 0;
+    return visible;
+}
+
+} // namespace
+
+class tst_navigator : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void Begin_FromStartScreen_ReplacesIt();
+    void TestWindow_ClosedFromItsTitleBar_BringsTheStartScreenBack();
+    void MainMenu_ReportsOpen_ClosesEverything();
+    void MainMenu_UnsavedReportCancelled_StaysInTheTest();
+    void CommandLine_Test_StartScreenIsNeverShown();
+    void CommandLine_BrokenTest_EndsTheProgram();
+    void Start_BrokenTest_EndsTheProgramWithoutAWindow();
+    void BeginLoadedTest_NoQuestions_SaysSo();
+    void Edit_NoEditor_SaysSoAndKeepsTheTestWindow();
+    void Edit_WithEditor_OpensIt();
+    void EndProgram_WindowsOpen_HidesAllAndLeaves();
+    void AskNames_FromStartScreen_BothNamesAreAskedFor();
+    void AskNames_ForATest_FollowsItsPrompts();
+    void AskNames_Escape_IsCancel();
+    void GeneralOptions_NameChanged_IsTheNameOfTheRun();
+    void GeneralOptions_NameLeftAlone_KeepsTheNameOfThisTest();
+    void Help_NoDialog_UsesOneWindow();
+    void Help_FromDialog_IsNotBlockedByIt();
+    void About_FromStartScreen_Opens();
+};
+
+void tst_navigator::Begin_FromStartScreen_ReplacesIt() {
+    Started program;
+    program.BeginMood();
+    QVERIFY(program.navigator.TestWindow()->isVisible());
+    QTRY_VERIFY(!program.navigator.StartScreen());
+    QCOMPARE(VisibleWindows(), 1);
+}
+
+void tst_navigator::TestWindow_ClosedFromItsTitleBar_BringsTheStartScreenBack() {
+    Started program;
+    program.BeginMood();
+    program.navigator.TestWindow()->close();
+    QTRY_VERIFY(!program.navigator.TestWindow());
+    QVERIFY(program.navigator.StartScreen()->isVisible());
+    QCOMPARE(Find<QListWidget>(*program.navigator.StartScreen(), QStringLiteral("Listselect")).count(), 1);
+    QCOMPARE(VisibleWindows(), 1);
+}
+
+void tst_navigator::MainMenu_ReportsOpen_ClosesEverything() {
+    Started program;
+    Click(*program.navigator.StartScreen(), QStringLiteral("CmdIntro_0"));
+    program.BeginMood();
+    Click(*program.navigator.TestWindow(), QStringLiteral("CmdReport"));
+    program.navigator.ShowHelp(HelpTopic::TestWindow);
+    QCOMPARE(program.navigator.Reports().size(), 2);
+    for (int i = 0; i < 2; ++i)
+        program.prompts.Expect(QStringLiteral("Do you Want to Save Changes?"), PromptAnswer::No);
+    Choose(*program.navigator.TestWindow(), QStringLiteral("mnuNew"));
+    QVERIFY(program.navigator.StartScreen()->isVisible());
+    QVERIFY(program.navigator.Reports().isEmpty());
+    QCOMPARE(VisibleWindows(), 1);
+    QTRY_VERIFY(!program.navigator.Help());
+}
+
+void tst_navigator::MainMenu_UnsavedReportCancelled_StaysInTheTest() {
+    Started program;
+    program.BeginMood();
+    Click(*program.navigator.TestWindow(), QStringLiteral("CmdReport"));
+    program.prompts.Expect(QStringLiteral("Do you Want to Save Changes?"), PromptAnswer::Cancel);
+    Click(*program.navigator.TestWindow(), QStringLiteral("CmdQuit"));
+    QVERIFY(program.navigator.TestWindow()->isVisible());
+    QCOMPARE(program.navigator.Reports().size(), 1);
+    QTRY_VERIFY(!program.navigator.StartScreen());
+}
+
+void tst_navigator::CommandLine_Test_StartScreenIsNeverShown() {
+    Program program;
+    program.Put(QStringLiteral("Mood.vlm"), Mood);
+    program.start.CommandLinePath = program.folder.filePath(QStringLiteral("Mood.vlm"));
+    program.navigator.ShowStartScreen();
+    QVERIFY(program.navigator.TestWindow()->isVisible());
+    QCOMPARE(VisibleWindows(), 1);
+    program.navigator.TestWindow()->close();
+    QVERIFY(program.navigator.StartScreen()->isVisible());
+}
+
+void tst_navigator::CommandLine_BrokenTest_EndsTheProgram() {
+    Program program;
+    program.Put(QStringLiteral("Mood.vlm"), Mood + "[Q]");
+    program.start.CommandLinePath = program.folder.filePath(QStringLiteral("Mood.vlm"));
+    program.prompts.Expect(QStringLiteral(" in the file: ") + program.start.CommandLinePath).InPart();
+    program.navigator.ShowStartScreen();
+    QCOMPARE(program.ends, 1);
+    QCOMPARE(VisibleWindows(), 0);
+}
+
+void tst_navigator::Start_BrokenTest_EndsTheProgramWithoutAWindow() {
+    Program program;
+    program.Put(QStringLiteral("Broken.vlm"), "[TITLE]");
+    program.prompts.Expect(QStringLiteral(" in the file: Broken.vlm")).InPart();
+    program.navigator.ShowStartScreen();
+    QVERIFY(program.navigator.Ended());
+    QCOMPARE(program.ends, 1);
+    QCOMPARE(VisibleWindows(), 0);
+}
+
+void tst_navigator::BeginLoadedTest_NoQuestions_SaysSo() {
+    Program program;
+    program.session.Test.TestTitle = QStringLiteral("Bare");
+    program.prompts.Expect(QStringLiteral("The test 'Bare' has no questions."));
+    QVERIFY(!program.navigator.BeginLoadedTest());
+    QVERIFY(!program.navigator.TestWindow());
+}
+
+void tst_navigator::Edit_NoEditor_SaysSoAndKeepsTheTestWindow() {
+    Started program;
+    program.BeginMood();
+    program.prompts.Expect(QStringLiteral("The test editor is not part of this version of Vellumo yet."));
+    Choose(*program.navigator.TestWindow(), QStringLiteral("edittest"));
+    QVERIFY(program.navigator.TestWindow()->isVisible());
+    QTRY_VERIFY(!program.navigator.StartScreen());
+}
+
+void tst_navigator::Edit_WithEditor_OpensIt() {
+    Program program;
+    RecordingEditor editor;
+    AppNavigator navigator(
+        {program.session, program.start, program.store, program.folders, program.clock, program.launcher,
+         ReportPorts{program.prompts, program.chooser, program.printer, program.clipboard, program.office, program.word},
+         [] {}, nullptr, &editor});
+    QVERIFY(navigator.EditTest());
+    QVERIFY(navigator.EditNewTest());
+    QCOMPARE(editor.Calls, QStringList({QStringLiteral("test"), QStringLiteral("new")}));
+}
+
+void tst_navigator::EndProgram_WindowsOpen_HidesAllAndLeaves() {
+    Started program;
+    Click(*program.navigator.StartScreen(), QStringLiteral("CmdIntro_0"));
+    program.navigator.ShowHelp(HelpTopic::StartScreen);
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label2"));
+    QCOMPARE(program.ends, 1);
+    QVERIFY(program.navigator.Ended());
+    QCOMPARE(VisibleWindows(), 0);
+}
+
+void tst_navigator::AskNames_FromStartScreen_BothNamesAreAskedFor() {
+    Started program;
+    program.session.ClientName = QStringLiteral("Ann Lee");
+    DialogDriver driver([](QDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Confirm Client & Test Administrator"));
+        QCOMPARE(Find<QLineEdit>(dialog, QStringLiteral("txtclient_0")).text(), QStringLiteral("Ann Lee"));
+        Find<QLineEdit>(dialog, QStringLiteral("txtclient_1")).setText(QStringLiteral("Dr. Stone"));
+        Click(dialog, QStringLiteral("Lblok_0"));
+    });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label1_1"));
+    QVERIFY(driver.Finished());
+    QCOMPARE(program.session.AdministratorName, QStringLiteral("Dr. Stone"));
+}
+
+void tst_navigator::AskNames_ForATest_FollowsItsPrompts() {
+    Program program;
+    program.session.Test.TestOption(PromptClientName) = true;
+    DialogDriver driver([](QDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Commencing 'Mood'"));
+        QVERIFY(Find<QLineEdit>(dialog, QStringLiteral("txtclient_0")).isEnabled());
+        QVERIFY(!Find<QLineEdit>(dialog, QStringLiteral("txtclient_1")).isEnabled());
+        Click(dialog, QStringLiteral("Lblok_0"));
+    });
+    QVERIFY(program.navigator.AskNames(QStringLiteral("Commencing 'Mood'")));
+}
+
+void tst_navigator::AskNames_Escape_IsCancel() {
+    Program program;
+    DialogDriver driver([](QDialog& dialog) { Press(dialog, Qt::Key_Escape); });
+    QVERIFY(!program.navigator.AskNames(QStringLiteral("Commencing 'Mood'")));
+}
+
+void tst_navigator::GeneralOptions_NameChanged_IsTheNameOfTheRun() {
+    Started program;
+    DialogDriver driver([](QDialog& dialog) {
+        Find<QLineEdit>(dialog, QStringLiteral("TxtTestAdministrator")).setText(QStringLiteral("Dr. Field"));
+        Click(dialog, QStringLiteral("OkButton"));
+    });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label5"));
+    QCOMPARE(program.session.AdministratorName, QStringLiteral("Dr. Field"));
+}
+
+void tst_navigator::GeneralOptions_NameLeftAlone_KeepsTheNameOfThisTest() {
+    Started program;
+    program.session.AdministratorName = QStringLiteral("Only today");
+    DialogDriver driver([](QDialog& dialog) { Click(dialog, QStringLiteral("OkButton")); });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label5"));
+    QCOMPARE(program.session.AdministratorName, QStringLiteral("Only today"));
+}
+
+void tst_navigator::Help_NoDialog_UsesOneWindow() {
+    Started program;
+    program.navigator.ShowHelp(HelpTopic::StartScreen);
+    const HelpWindow* first = program.navigator.Help();
+    program.navigator.ShowHelp(HelpTopic::Names);
+    QCOMPARE(program.navigator.Help(), first);
+    QCOMPARE(VisibleWindows(), 2);
+}
+
+void tst_navigator::Help_FromDialog_IsNotBlockedByIt() {
+    Started program;
+    DialogDriver driver([](QDialog& dialog) {
+        Press(dialog, Qt::Key_F1);
+        auto& help = Find<HelpWindow>(dialog, QStringLiteral("HelpWindow"));
+        QVERIFY(QTest::qWaitForWindowActive(&help));
+        qDebug() << QApplication::activeWindow() << &help << QApplication::activeModalWidget() << help.focusWidget() << dialog.findChildren<HelpWindow*>().size();
+        Press(help, Qt::Key_Escape);
+        qDebug() << help.isVisible() << help.close() << help.isVisible();
+        QVERIFY(!help.isVisible());
+        Click(dialog, QStringLiteral("CancelButton"));
+    });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label5"));
+    QVERIFY(driver.Finished());
+}
+
+void tst_navigator::About_FromStartScreen_Opens() {
+    Started program;
+    DialogDriver driver([](QDialog& dialog) {
+        QVERIFY(dynamic_cast<AboutBox*>(&dialog));
+        Press(dialog, Qt::Key_Return);
+    });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label1_0"));
+    QVERIFY(driver.Finished());
+}
+
+QTEST_MAIN(tst_navigator)
+#include "tst_navigator.moc"
