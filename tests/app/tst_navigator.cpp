@@ -237,10 +237,8 @@ void tst_navigator::Help_FromDialog_IsNotBlockedByIt() {
     DialogDriver driver([](QDialog& dialog) {
         Press(dialog, Qt::Key_F1);
         auto& help = Find<HelpWindow>(dialog, QStringLiteral("HelpWindow"));
-        QVERIFY(QTest::qWaitForWindowActive(&help));
-        qDebug() << QApplication::activeWindow() << &help << QApplication::activeModalWidget() << help.focusWidget() << dialog.findChildren<HelpWindow*>().size();
+        QTRY_COMPARE(QApplication::activeWindow(), &help);
         Press(help, Qt::Key_Escape);
-        qDebug() << help.isVisible() << help.close() << help.isVisible();
         QVERIFY(!help.isVisible());
         Click(dialog, QStringLiteral("CancelButton"));
     });
