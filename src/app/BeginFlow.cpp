@@ -8,8 +8,7 @@ bool BeginFlow::Begin(const QString& path) {
         return false;
     const TestDocument& test = session_.Test;
     const bool wantsNames = test.TestOption(PromptClientName) || test.TestOption(PromptTesterName);
-    if (wantsNames &&
-        !navigator_.AskNames(QStringLiteral("Commencing '") + test.TestTitle + QStringLiteral("'")))
+    if (wantsNames && !navigator_.AskNames(QStringLiteral("Commencing '") + test.TestTitle + QStringLiteral("'")))
         return false;
     return navigator_.BeginLoadedTest();
 }

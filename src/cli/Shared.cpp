@@ -38,7 +38,6 @@ ReportContext ReportContextFrom(const CommandLine& line, const Console& console)
     context.Now = console.Time.Now();
     const QString nowOption = QStringLiteral("--now");
     if (line.Has(nowOption)) {
-        // Only the two parts are used; in UTC no hour is left out by summer time.
         const QString now = line.Value(nowOption);
         const QDate date = QDate::fromString(now.left(10), QStringLiteral("yyyy-MM-dd"));
         const QTime time = QTime::fromString(now.mid(10), QStringLiteral("'T'HH:mm:ss"));

@@ -16,8 +16,8 @@
 
 namespace {
 
-const QList<HelpTopic> Topics = {HelpTopic::StartScreen, HelpTopic::TestWindow,     HelpTopic::Names,
-                                 HelpTopic::AutoReport,  HelpTopic::TestOptions,    HelpTopic::GeneralOptions,
+const QList<HelpTopic> Topics = {HelpTopic::StartScreen,  HelpTopic::TestWindow,  HelpTopic::Names,
+                                 HelpTopic::AutoReport,   HelpTopic::TestOptions, HelpTopic::GeneralOptions,
                                  HelpTopic::ReportEditor, HelpTopic::About};
 
 QString PageText(const QString& page) {

@@ -77,8 +77,7 @@ void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays() {
     for (const QString& message : messages)
         prompts.Expect(message).InPart();
 
-    const QString path =
-        content.isEmpty() ? folder_->filePath(QStringLiteral("Nowhere.vlm")) : Put(content);
+    const QString path = content.isEmpty() ? folder_->filePath(QStringLiteral("Nowhere.vlm")) : Put(content);
     BeginFlow flow(session, navigator, prompts);
     QCOMPARE(flow.Begin(path), messages.isEmpty());
     QCOMPARE(navigator.Calls, calls);
@@ -117,7 +116,8 @@ void tst_beginflow::Begin_AfterAnotherTest_NothingOfItIsLeft() {
     RecordingNavigator navigator;
     ScriptedPrompts prompts;
     BeginFlow flow(session, navigator, prompts);
-    QVERIFY(flow.Begin(Put("[Q]Free[QT]3[/QT][SS=1][/Q][SUBSCALES][S]One[/S][/SUBSCALES][AUTOSAVE FILENAME]x[/AUTOSAVE FILENAME]")));
+    QVERIFY(flow.Begin(
+        Put("[Q]Free[QT]3[/QT][SS=1][/Q][SUBSCALES][S]One[/S][/SUBSCALES][AUTOSAVE FILENAME]x[/AUTOSAVE FILENAME]")));
     QCOMPARE(session.Test.QuestionType(1), int(LongAnswer));
     QVERIFY(flow.Begin(Put("[Q]Which?[/Q]")));
     QCOMPARE(session.Test.QuestionType(1), int(TypeUnset));
@@ -131,12 +131,16 @@ void tst_beginflow::PathOfCommandLine_AnyLine_IsUsedAsItStands_data() {
     QTest::addColumn<QString>("path");
     const QString here = QStringLiteral("HERE/");
     QTest::newRow("none") << QString() << QString() << QString();
-    QTest::newRow("relative") << "a b.vlm" << "a b.vlm" << here + QStringLiteral("a b.vlm");
-    QTest::newRow("absolute") << QString() << "/x/a.vlm" << "/x/a.vlm";
+    QTest::newRow("relative") << "a b.vlm"
+                              << "a b.vlm" << here + QStringLiteral("a b.vlm");
+    QTest::newRow("absolute") << QString() << "/x/a.vlm"
+                              << "/x/a.vlm";
     QTest::newRow("missing") << QString() << "gone.vlm" << here + QStringLiteral("gone.vlm");
     QTest::newRow("blanks at its ends") << QString() << " a.vlm " << here + QStringLiteral(" a.vlm ");
-    QTest::newRow("in quotes, no such file") << "a b.vlm" << "\"a b.vlm\"" << here + QStringLiteral("a b.vlm");
-    QTest::newRow("in quotes, such a file") << "\"a\"" << "\"a\"" << here + QStringLiteral("\"a\"");
+    QTest::newRow("in quotes, no such file") << "a b.vlm"
+                                             << "\"a b.vlm\"" << here + QStringLiteral("a b.vlm");
+    QTest::newRow("in quotes, such a file") << "\"a\""
+                                            << "\"a\"" << here + QStringLiteral("\"a\"");
     QTest::newRow("more than one pair") << QString() << "\"a\" \"b\"" << here + QStringLiteral("\"a\" \"b\"");
     QTest::newRow("one quote") << QString() << "\"a.vlm" << here + QStringLiteral("\"a.vlm");
 }
@@ -178,7 +182,8 @@ void tst_beginflow::LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSample
     const QString documents = folder_->filePath(QStringLiteral("Documents"));
     Session session;
     ProgramStart start;
-    start.Known = {folder_->filePath(QStringLiteral("program")), documents, folder_->filePath(QStringLiteral("samples"))};
+    start.Known = {folder_->filePath(QStringLiteral("program")), documents,
+                   folder_->filePath(QStringLiteral("samples"))};
     MemorySettingsStore store;
     const DefaultFolders folders = ChooseDefaultFolders(start.Known);
     LoadSettingsOnce(start, session, store, folders);

@@ -154,10 +154,11 @@ void tst_navigator::Edit_NoEditor_SaysSoAndKeepsTheTestWindow() {
 void tst_navigator::Edit_WithEditor_OpensIt() {
     Program program;
     RecordingEditor editor;
-    AppNavigator navigator(
-        {program.session, program.start, program.store, program.folders, program.clock, program.launcher,
-         ReportPorts{program.prompts, program.chooser, program.printer, program.clipboard, program.office, program.word},
-         [] {}, nullptr, &editor});
+    AppNavigator navigator({program.session, program.start, program.store, program.folders, program.clock,
+                            program.launcher,
+                            ReportPorts{program.prompts, program.chooser, program.printer, program.clipboard,
+                                        program.office, program.word},
+                            [] {}, nullptr, &editor});
     QVERIFY(navigator.EditTest());
     QVERIFY(navigator.EditNewTest());
     QCOMPARE(editor.Calls, QStringList({QStringLiteral("test"), QStringLiteral("new")}));

@@ -102,10 +102,11 @@ void tst_startscreen::Load_EmptyFolder_ShowsTheExplanation() {
     for (const char* name : {"Listselect", "Lblinstruct", "cmdBeginTest", "CmdIntro_0", "CmdIntro_1", "CmdIntro_2"})
         QVERIFY2(!screen.Visible(name), name);
     QVERIFY(screen.Visible("lblalt"));
-    QVERIFY(Find<QLabel>(*screen.window, QStringLiteral("lblalt"))
-                .text()
-                .startsWith(QStringLiteral("There are no valid 'Vellumo' files in the 'Vellumo' default directory. Select "
-                                           "'Browse' to look in another directory or select 'Edit Test' to create")));
+    QVERIFY(
+        Find<QLabel>(*screen.window, QStringLiteral("lblalt"))
+            .text()
+            .startsWith(QStringLiteral("There are no valid 'Vellumo' files in the 'Vellumo' default directory. Select "
+                                       "'Browse' to look in another directory or select 'Edit Test' to create")));
     screen.Push("CmdEditTest");
     QCOMPARE(screen.LastCall(), QStringLiteral("EditNewTest"));
 }
@@ -180,9 +181,9 @@ void tst_startscreen::CmdIntro_EachPart_ShowsItsText() {
     screen.Load();
     for (const char* name : {"CmdIntro_0", "CmdIntro_1", "CmdIntro_2"})
         screen.Push(name);
-    QCOMPARE(screen.navigator.Calls,
-             QStringList({QStringLiteral("ShowText(Mood - Introduction)"), QStringLiteral("ShowText(Mood - Instructions)"),
-                          QStringLiteral("ShowText(Mood - Questions)")}));
+    QCOMPARE(screen.navigator.Calls, QStringList({QStringLiteral("ShowText(Mood - Introduction)"),
+                                                  QStringLiteral("ShowText(Mood - Instructions)"),
+                                                  QStringLiteral("ShowText(Mood - Questions)")}));
     QCOMPARE(screen.navigator.ShownTexts,
              QStringList({QStringLiteral("Hello"), QStringLiteral("Choose"),
                           QStringLiteral("INSTRUCTIONS\r\nChoose\r\nQUESTION 1\r\nHow are you?\r\n[ ] Well\r\n\r\n")}));
@@ -255,8 +256,8 @@ void tst_startscreen::CommandLine_File_BeginsOnceInARun() {
     QCOMPARE(screen.session.Test.TestTitle, QStringLiteral("Quiz"));
     QVERIFY(screen.start.StartedFromCommandLine);
 
-    Loading_Test again({screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser,
-                        screen.navigator});
+    Loading_Test again(
+        {screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser, screen.navigator});
     again.Form_Load();
     QVERIFY(!again.BeginFromCommandLine());
     QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("BeginLoadedTest")});
@@ -331,11 +332,16 @@ void tst_startscreen::Links_EachOne_GoesItsWay_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("call");
     QTest::addColumn<bool>("closes");
-    QTest::newRow("About") << "Label1_0" << "ShowAbout" << false;
-    QTest::newRow("Client & Tester") << "Label1_1" << "AskNames()" << false;
-    QTest::newRow("Quit") << "Label2" << "EndProgram" << false;
-    QTest::newRow("Editor") << "Label7" << "EditNewTest" << true;
-    QTest::newRow("Edit Test") << "CmdEditTest" << "EditTest" << true;
+    QTest::newRow("About") << "Label1_0"
+                           << "ShowAbout" << false;
+    QTest::newRow("Client & Tester") << "Label1_1"
+                                     << "AskNames()" << false;
+    QTest::newRow("Quit") << "Label2"
+                          << "EndProgram" << false;
+    QTest::newRow("Editor") << "Label7"
+                            << "EditNewTest" << true;
+    QTest::newRow("Edit Test") << "CmdEditTest"
+                               << "EditTest" << true;
 }
 
 void tst_startscreen::Links_EachOne_GoesItsWay() {

@@ -101,14 +101,18 @@ void tst_testlist::TextOfPart_AnyTest_IsWhatIsShown_data() {
     const QString mood = QStringLiteral("[TITLE]Mood[/TITLE][INTRODUCTION]Hello[/INTRODUCTION]"
                                         "[INSTRUCTIONS]Choose<P>one[/INSTRUCTIONS]"
                                         "[Q]One[A]a[v=1][/A][A][v=2][/A][A]c[v=3][/A][/Q][Q]Two[QT]2[/QT][/Q]");
-    QTest::newRow("introduction") << mood << 0 << "Hello" << "Mood - Introduction";
-    QTest::newRow("instructions") << mood << 1 << "Choose\r\none" << "Mood - Instructions";
+    QTest::newRow("introduction") << mood << 0 << "Hello"
+                                  << "Mood - Introduction";
+    QTest::newRow("instructions") << mood << 1 << "Choose\r\none"
+                                  << "Mood - Instructions";
     QTest::newRow("questions") << mood << 2
                                << "INSTRUCTIONS\r\nChoose\r\none\r\n"
                                   "QUESTION 1\r\nOne\r\n[ ] a\r\n[ ] c\r\n\r\nQUESTION 2\r\nTwo\r\n\r\n"
                                << "Mood - Questions";
-    QTest::newRow("no instructions") << "[Q]One[/Q]" << 2 << "QUESTION 1\r\nOne\r\n\r\n" << "Untitled - Questions";
-    QTest::newRow("no questions") << "[TITLE]Bare[/TITLE]" << 2 << "" << "Bare - Questions";
+    QTest::newRow("no instructions") << "[Q]One[/Q]" << 2 << "QUESTION 1\r\nOne\r\n\r\n"
+                                     << "Untitled - Questions";
+    QTest::newRow("no questions") << "[TITLE]Bare[/TITLE]" << 2 << ""
+                                  << "Bare - Questions";
 }
 
 void tst_testlist::TextOfPart_AnyTest_IsWhatIsShown() {

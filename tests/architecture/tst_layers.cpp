@@ -85,9 +85,10 @@ QStringList WrongIncludes(const Source& source) {
 /// The Qt headers in the core that aren't QtCore's.
 QStringList WidgetsInCore(const Source& source) {
     static const QRegularExpression widget(
-        QStringLiteral("^#include <(QtWidgets|QtGui|QtPrintSupport|QApplication|QGuiApplication|QWidget|QDialog|QMainWindow|"
-                       "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|(?<!String)View|Window|Painter|Printer|Event|Icon|"
-                       "Image|Pixmap|Color|Font|Clipboard|Screen|Palette))[/>]"),
+        QStringLiteral(
+            "^#include <(QtWidgets|QtGui|QtPrintSupport|QApplication|QGuiApplication|QWidget|QDialog|QMainWindow|"
+            "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|(?<!String)View|Window|Painter|Printer|Event|Icon|"
+            "Image|Pixmap|Color|Font|Clipboard|Screen|Palette))[/>]"),
         QRegularExpression::MultilineOption);
     QStringList wrong;
     if (source.IsUi() || source.IsMain())
@@ -100,8 +101,8 @@ QStringList WidgetsInCore(const Source& source) {
 QStringList ReservedWordsElsewhere(const Source& source) {
     QStringList wrong;
     for (const Reserved& reserved : ReservedWords()) {
-        const bool owner = std::ranges::any_of(reserved.Owners,
-                                               [&](const QString& place) { return source.Path.startsWith(place); });
+        const bool owner =
+            std::ranges::any_of(reserved.Owners, [&](const QString& place) { return source.Path.startsWith(place); });
         const QRegularExpression word(QStringLiteral("\\b%1\\b").arg(reserved.Word));
         if (!owner && source.Text.contains(word))
             wrong.append(source.Path + QStringLiteral(" uses ") + reserved.Word);
@@ -149,20 +150,34 @@ void tst_layers::Rules_WrongFile_IsFound_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("line");
     QTest::addColumn<bool>("wrong");
-    QTest::newRow("down") << "taker/Report.cpp" << "#include \"testdoc/TestDocument.h\"" << false;
-    QTest::newRow("up") << "testdoc/TestParser.cpp" << "#include \"taker/Report.h\"" << true;
-    QTest::newRow("sideways") << "textedit/ReportDocument.cpp" << "#include \"settings/Settings.h\"" << true;
-    QTest::newRow("tool and program") << "cli/Take.cpp" << "#include \"app/TestList.h\"" << true;
-    QTest::newRow("core to window") << "taker/Report.cpp" << "#include \"taker/ui/FrmTest.h\"" << true;
-    QTest::newRow("window to its own") << "taker/ui/FrmTest.cpp" << "#include \"taker/ui/AnswerPanel.h\"" << false;
-    QTest::newRow("window to shared") << "taker/ui/FrmTest.cpp" << "#include \"platform/ui/HelpKey.h\"" << false;
-    QTest::newRow("window to another's") << "taker/ui/FrmTest.cpp" << "#include \"settings/ui/frmOptions.h\"" << true;
-    QTest::newRow("navigator to another's") << "app/ui/AppNavigator.cpp" << "#include \"taker/ui/FrmTest.h\"" << false;
-    QTest::newRow("widget in the core") << "taker/Report.cpp" << "#include <QPushButton>" << true;
-    QTest::newRow("widget in a window") << "taker/ui/FrmTest.cpp" << "#include <QPushButton>" << false;
-    QTest::newRow("box of one's own") << "taker/ui/FrmTest.cpp" << "QMessageBox box;" << true;
-    QTest::newRow("box in its place") << "platform/ui/QtPrompts.cpp" << "QMessageBox box;" << false;
-    QTest::newRow("clock of one's own") << "taker/Report.cpp" << "QDateTime::currentDateTime()" << true;
+    QTest::newRow("down") << "taker/Report.cpp"
+                          << "#include \"testdoc/TestDocument.h\"" << false;
+    QTest::newRow("up") << "testdoc/TestParser.cpp"
+                        << "#include \"taker/Report.h\"" << true;
+    QTest::newRow("sideways") << "textedit/ReportDocument.cpp"
+                              << "#include \"settings/Settings.h\"" << true;
+    QTest::newRow("tool and program") << "cli/Take.cpp"
+                                      << "#include \"app/TestList.h\"" << true;
+    QTest::newRow("core to window") << "taker/Report.cpp"
+                                    << "#include \"taker/ui/FrmTest.h\"" << true;
+    QTest::newRow("window to its own") << "taker/ui/FrmTest.cpp"
+                                       << "#include \"taker/ui/AnswerPanel.h\"" << false;
+    QTest::newRow("window to shared") << "taker/ui/FrmTest.cpp"
+                                      << "#include \"platform/ui/HelpKey.h\"" << false;
+    QTest::newRow("window to another's") << "taker/ui/FrmTest.cpp"
+                                         << "#include \"settings/ui/frmOptions.h\"" << true;
+    QTest::newRow("navigator to another's") << "app/ui/AppNavigator.cpp"
+                                            << "#include \"taker/ui/FrmTest.h\"" << false;
+    QTest::newRow("widget in the core") << "taker/Report.cpp"
+                                        << "#include <QPushButton>" << true;
+    QTest::newRow("widget in a window") << "taker/ui/FrmTest.cpp"
+                                        << "#include <QPushButton>" << false;
+    QTest::newRow("box of one's own") << "taker/ui/FrmTest.cpp"
+                                      << "QMessageBox box;" << true;
+    QTest::newRow("box in its place") << "platform/ui/QtPrompts.cpp"
+                                      << "QMessageBox box;" << false;
+    QTest::newRow("clock of one's own") << "taker/Report.cpp"
+                                        << "QDateTime::currentDateTime()" << true;
 }
 
 void tst_layers::Rules_WrongFile_IsFound() {

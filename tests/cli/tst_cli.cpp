@@ -188,7 +188,7 @@ class tst_cli : public QObject {
 
     void Score_GoodRows_PrintsScores() {
         const Ran ran = Score("\xEF\xBB\xBF" "5,client,2,\"1\",3\r\n"
-                              "1,\"Lee, \"\"Ann\"\"\",1, 3 ,x\r\n0,,2,+1.0,\"a\nb\"\n,Zoë,\t,,");
+                              "1,\"Lee, \"\"Ann\"\"\",1, 3 ,x\r\n0,,2,1,\"a\nb\"\n,Zoë,\t,,");
         QCOMPARE(ran.Err, QByteArray());
         QCOMPARE(ran.Status, 0);
         QCOMPARE(ran.Out, QByteArray("client,total,\"A, \"\"first\"\"\",B\n\"Lee, \"\"Ann\"\"\",103,-7,110\n,21,1,20\nZoë,0,0,0\n"));
@@ -215,8 +215,13 @@ class tst_cli : public QObject {
              QStringLiteral("row 1, column '2' (line 2): the question has no answer 3"),
              QStringLiteral("row 2, column '1' (line 3): the question has no answer 4"),
              QStringLiteral("row 2, column '2' (line 3): the question has no answer 11"),
-             QStringLiteral("row 2, column '5' (line 3): the question has no answer -1"),
+             QStringLiteral("row 2, column '5' (line 3): '-1' is not the number of an answer"),
              QStringLiteral("row 3, column '5' (line 4): answer 2 of the question has no text")});
+        row("fractions and signs", "1,2\n1.4,+1\n1e0,0x1\n",
+            {QStringLiteral("row 1, column '1' (line 2): '1.4' is not the number of an answer"),
+             QStringLiteral("row 1, column '2' (line 2): '+1' is not the number of an answer"),
+             QStringLiteral("row 2, column '1' (line 3): '1e0' is not the number of an answer"),
+             QStringLiteral("row 2, column '2' (line 3): '0x1' is not the number of an answer")});
         row("quotes", "1,3\n1,a\"b\n1,\"a\"b\n1,\"open\n",
             {QStringLiteral("row 1, column '3' (line 2): a double quote stands inside"),
              QStringLiteral("row 2, column '3' (line 3): text stands behind"),

@@ -40,9 +40,7 @@ struct Options {
     QString Text(const char* name) { return Find<QLineEdit>(*window, QLatin1String(name)).text(); }
     void SetText(const char* name, const QString& text) { Find<QLineEdit>(*window, QLatin1String(name)).setText(text); }
     bool Ticked(const char* name) { return Find<QCheckBox>(*window, QLatin1String(name)).isChecked(); }
-    QString Description() {
-        return Find<QPlainTextEdit>(*window, QStringLiteral("txttempdesc")).toPlainText();
-    }
+    QString Description() { return Find<QPlainTextEdit>(*window, QStringLiteral("txttempdesc")).toPlainText(); }
     void ShowTab(int index) { Find<QTabWidget>(*window, QStringLiteral("tbsOptions")).setCurrentIndex(index); }
 
     QTemporaryDir folder;
@@ -114,11 +112,26 @@ void tst_frmoptions::Open_Always_HasTabsCaptionsAndToolTips() {
         texts.append(label->text());
     for (const auto* button : options.window->findChildren<QAbstractButton*>())
         texts.append(button->text());
-    for (const char* text :
-         {"Test Administrator", "Persist Between Tests", "Reporting Questions", "Question Prefix", "Question Suffix",
-          "Carriage Return after", "Files", "Working Directory", "Default Text Editor", "Default Web Browser",
-          "HTML Template File", "Template File", "Description", "E-mail Address", "Next Page",
-          "Required by CGI scripts", "Apply", "Cancel", "Save", "Restore Defaults"})
+    for (const char* text : {"Test Administrator",
+                             "Persist Between Tests",
+                             "Reporting Questions",
+                             "Question Prefix",
+                             "Question Suffix",
+                             "Carriage Return after",
+                             "Files",
+                             "Working Directory",
+                             "Default Text Editor",
+                             "Default Web Browser",
+                             "HTML Template File",
+                             "Template File",
+                             "Description",
+                             "E-mail Address",
+                             "Next Page",
+                             "Required by CGI scripts",
+                             "Apply",
+                             "Cancel",
+                             "Save",
+                             "Restore Defaults"})
         QVERIFY2(texts.contains(QLatin1String(text)), text);
 }
 
@@ -154,10 +167,10 @@ void tst_frmoptions::Buttons_Changed_TakeAndStoreAsTheySay() {
     QFETCH(bool, stored);
     Options options;
     options.Open();
-    const QStringList boxes = {QStringLiteral("TxtTestAdministrator"), QStringLiteral("txtsuffix_0"),
-                               QStringLiteral("txtsuffix_1"), QStringLiteral("Txtdirectory"),
-                               QStringLiteral("txteditor_0"), QStringLiteral("txteditor_1"),
-                               QStringLiteral("txteditor_2"), QStringLiteral("txtEmail"), QStringLiteral("txtNextPage")};
+    const QStringList boxes = {
+        QStringLiteral("TxtTestAdministrator"), QStringLiteral("txtsuffix_0"), QStringLiteral("txtsuffix_1"),
+        QStringLiteral("Txtdirectory"),         QStringLiteral("txteditor_0"), QStringLiteral("txteditor_1"),
+        QStringLiteral("txteditor_2"),          QStringLiteral("txtEmail"),    QStringLiteral("txtNextPage")};
     for (const QString& box : boxes)
         Find<QLineEdit>(*options.window, box).setText(QStringLiteral("new ") + box);
     Click(*options.window, QStringLiteral("Chkpersist"));
@@ -216,8 +229,10 @@ void tst_frmoptions::CtrlTab_FromEither_WrapsAround() {
 void tst_frmoptions::DirectoryChooser_Answer_FillsTheBox_data() {
     QTest::addColumn<QString>("answer");
     QTest::addColumn<QString>("box");
-    QTest::newRow("chosen") << "/" << "/";
-    QTest::newRow("cancelled") << "" << "HERE";
+    QTest::newRow("chosen") << "/"
+                            << "/";
+    QTest::newRow("cancelled") << ""
+                               << "HERE";
 }
 
 void tst_frmoptions::DirectoryChooser_Answer_FillsTheBox() {
@@ -240,7 +255,8 @@ void tst_frmoptions::Browse_EachButton_AsksAndFillsItsBox_data() {
     const QString programs = QStringLiteral("Program Files (*.exe)|*.exe| All Files (*.*)|*.*");
     QTest::newRow("editor") << 0 << "Find Default Editor" << programs;
     QTest::newRow("browser") << 1 << "Find Default Browser" << programs;
-    QTest::newRow("template") << 2 << "Find Template File" << "Program Files (*.vlx)|*.vlx";
+    QTest::newRow("template") << 2 << "Find Template File"
+                              << "Program Files (*.vlx)|*.vlx";
 }
 
 void tst_frmoptions::Browse_EachButton_AsksAndFillsItsBox() {

@@ -83,7 +83,8 @@ void AboutPicture::PaintScale(QPainter& painter, const QRectF& line, int scale) 
     const double step = (line.right() - first) / (Marks - 1);
 
     painter.setPen(QPen(Mixed(base, ink, 0.6), 6, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(line.left(), line.top()), QPointF(line.left() + line.width() * (0.22 - 0.04 * scale), line.top()));
+    painter.drawLine(QPointF(line.left(), line.top()),
+                     QPointF(line.left() + line.width() * (0.22 - 0.04 * scale), line.top()));
 
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ink, 1.5));
@@ -104,8 +105,9 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent), picture_(new AboutPicture
     name->setFont(TitleFont());
     auto* version = MakeLine(QStringLiteral("Version ") + QLatin1String(VELLUMO_VERSION));
     version->setObjectName(QStringLiteral("AboutVersion"));
-    auto* purpose = MakeLine(QStringLiteral("Writes questionnaires, gives them at the keyboard, scores them and reports "
-                                            "the results."));
+    auto* purpose =
+        MakeLine(QStringLiteral("Writes questionnaires, gives them at the keyboard, scores them and reports "
+                                "the results."));
     auto* licence = MakeLine(QStringLiteral("Free software under the MIT licence."));
     licence->setObjectName(QStringLiteral("AboutLicence"));
 

@@ -35,8 +35,8 @@ void AppNavigator::ShowStartScreen() {
         return;
     // One that was closed is on its way out.
     if (!startScreen_ || !startScreen_->isVisible())
-        startScreen_ = Owned(new Loading_Test({parts_.Run, parts_.Start, parts_.Store, parts_.Folders,
-                                               parts_.Ports.Boxes, parts_.Ports.Files, *this}));
+        startScreen_ = Owned(new Loading_Test(
+            {parts_.Run, parts_.Start, parts_.Store, parts_.Folders, parts_.Ports.Boxes, parts_.Ports.Files, *this}));
     startScreen_->Form_Load();
     if (ended_ || startScreen_->BeginFromCommandLine() || ended_)
         return;
@@ -44,9 +44,12 @@ void AppNavigator::ShowStartScreen() {
 }
 
 bool AppNavigator::CloseAllAndShowStartScreen() {
-    for (frmEdit* report : Reports())
+    for (frmEdit* report : Reports()) {
+        // It may ask whether to save, and the person has to see which text is meant.
+        BringUp(*report);
         if (!report->close())
             return false;
+    }
     if (help_)
         help_->close();
     // The other windows close last: the program ends with its last window.
@@ -146,8 +149,8 @@ EditorOpener* AppNavigator::EditorOrMessage() {
 
 QWidgetList AppNavigator::OwnWindows() const {
     QWidgetList windows;
-    for (QWidget* window : {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_),
-                            static_cast<QWidget*>(help_)})
+    for (QWidget* window :
+         {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_), static_cast<QWidget*>(help_)})
         if (window)
             windows.append(window);
     for (const QPointer<frmEdit>& report : reports_)

@@ -4,6 +4,7 @@
 #include "app/ui/LinkButton.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
+#include "platform/ui/WindowPlacement.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -27,6 +28,7 @@ HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window), browser_(
     column->addWidget(browser_, 1);
     MakeShortcuts();
     resize(90 * GridUnit, 80 * GridUnit);
+    CentreOnScreen(*this);
 }
 
 void HelpWindow::ShowTopic(HelpTopic topic) { ShowPage(HelpPageOf(topic)); }
@@ -79,7 +81,8 @@ void HelpWindow::MakeShortcuts() {
 }
 
 void HelpWindow::TakeColours() {
-    const QString link = ReadableLink(palette(), {palette().color(QPalette::Base)}, palette().color(QPalette::Text)).name();
+    const QString link =
+        ReadableLink(palette(), {palette().color(QPalette::Base)}, palette().color(QPalette::Text)).name();
     browser_->document()->setDefaultStyleSheet(
         QStringLiteral("a { color: %1; } h1 { font-size: 20pt; } h2 { font-size: 14pt; margin-top: 16px; }"
                        "p, li, td, th { line-height: 130%; } td, th { padding: 4px 16px 4px 0; }"

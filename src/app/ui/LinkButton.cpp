@@ -16,9 +16,8 @@ constexpr double ReadableContrast = 4.5;
 
 QColor ReadableLink(const QPalette& palette, const QList<QColor>& backgrounds, const QColor& otherwise) {
     const QColor link = palette.color(QPalette::Link);
-    const bool readable = std::ranges::all_of(backgrounds, [&link](const QColor& background) {
-        return ContrastRatio(link, background) >= ReadableContrast;
-    });
+    const bool readable = std::ranges::all_of(
+        backgrounds, [&link](const QColor& background) { return ContrastRatio(link, background) >= ReadableContrast; });
     return readable ? link : otherwise;
 }
 

@@ -10,8 +10,10 @@
 #include "testdoc/TestParser.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -29,7 +31,7 @@ class RoomyRows : public QStyledItemDelegate {
         initStyleOption(&row, index);
         const QStyle* style = option.widget->style();
         style->drawPrimitive(QStyle::PE_PanelItemViewItem, &row, painter, option.widget);
-        row.rect.adjust(GridUnit, 0, -GridUnit, 0);
+        row.rect.adjust(GridUnit, 0, 0, 0);
         style->drawControl(QStyle::CE_ItemViewItem, &row, painter, option.widget);
     }
 
@@ -41,7 +43,7 @@ class RoomyRows : public QStyledItemDelegate {
 QPushButton* MakeButton(const QString& name, const QString& caption) {
     auto* button = Named(new QPushButton(caption), name);
     button->setFont(BodyFont());
-    button->setMinimumHeight(5 * GridUnit);
+    button->setMinimumHeight(4 * GridUnit);
     button->setAutoDefault(true); // so that Return presses it, too
     return button;
 }
@@ -68,11 +70,22 @@ QString OnOneLine(QString title) { return title.replace(LineBreak, QStringLitera
 Loading_Test::Loading_Test(const StartScreenParts& parts, QWidget* parent)
     : QWidget(parent, Qt::Window), session_(parts.Run), parts_(parts), flow_(parts.Run, parts.Ways, parts.Boxes) {
     setObjectName(QStringLiteral("Loading_Test"));
-    auto* column = new QVBoxLayout(this);
-    SetRoom(*column, 4, 3);
+    // On a small or much enlarged screen the window is smaller than what it holds.
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    SetRoom(*column, 3, 2);
     column->addLayout(MakeHeading());
     column->addLayout(MakeTests(), 1);
     column->addLayout(MakeMenu());
+    auto* scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidgetResizable(true);
+    scrolled->setWidget(content);
+    content->setAutoFillBackground(false);
+    scrolled->viewport()->setAutoFillBackground(false);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scrolled);
     Connect();
     new HelpKey(*this, parts.Ways, HelpTopic::StartScreen);
     resize(UsualSize);
@@ -134,7 +147,7 @@ QLayout* Loading_Test::MakeTestPanel() {
     CmdEditTest_ = MakeButton(QStringLiteral("CmdEditTest"), QStringLiteral("Edit Test"));
     cmdBeginTest_ = MakeButton(QStringLiteral("cmdBeginTest"), QStringLiteral("Begin Test"));
     cmdBeginTest_->setFont(HeadingFont());
-    cmdBeginTest_->setMinimumHeight(7 * GridUnit);
+    cmdBeginTest_->setMinimumHeight(6 * GridUnit);
     cmdBeginTest_->setDefault(true);
     column->addWidget(CmdEditTest_);
     column->addWidget(cmdBeginTest_);
@@ -176,7 +189,8 @@ QLayout* Loading_Test::MakeLinks() {
 
 void Loading_Test::Connect() {
     connect(Listselect_, &QListWidget::currentRowChanged, this, &Loading_Test::Listselect_Click);
-    connect(Listselect_, &QListWidget::itemActivated, this, &Loading_Test::cmdBeginTest_Click);
+    // Not "activated": where the desktop activates with one click, looking at a test would begin it.
+    connect(Listselect_, &QListWidget::itemDoubleClicked, this, &Loading_Test::cmdBeginTest_Click);
     connect(cmdBeginTest_, &QPushButton::clicked, this, &Loading_Test::cmdBeginTest_Click);
     connect(CmdEditTest_, &QPushButton::clicked, this, &Loading_Test::CmdEditTest_Click);
     for (size_t i = 0; i < CmdIntro_.size(); ++i)
@@ -188,6 +202,13 @@ void Loading_Test::Connect() {
     connect(Label5_, &QPushButton::clicked, this, &Loading_Test::Label5_Click);
     connect(Label7_, &QPushButton::clicked, this, &Loading_Test::Label7_Click);
     connect(Picture1_, &PictureMenu::Picture1_Click, this, &Loading_Test::Picture1_Click);
+}
+
+void Loading_Test::keyPressEvent(QKeyEvent* event) {
+    if (focusWidget() == Listselect_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        cmdBeginTest_Click();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void Loading_Test::paintEvent(QPaintEvent*) {
@@ -322,8 +343,8 @@ void Loading_Test::Label2_Click() { parts_.Ways.EndProgram(); }
 
 void Loading_Test::Label3_Click() {
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
-    const QString path = parts_.Files.OpenFile(
-        {{}, QStringLiteral("Test Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, {}});
+    const QString path =
+        parts_.Files.OpenFile({{}, QStringLiteral("Test Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, {}});
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
     if (path.isEmpty())
         return;

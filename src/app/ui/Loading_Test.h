@@ -40,6 +40,7 @@ class Loading_Test : public QWidget {
     QString SelectedTestPath() const { return selectedTestPath_; }
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -73,6 +74,21 @@ QWidget* MakePage(const QString& name, std::initializer_list<QWidget*> groups) {
     return page;
 }
 
+/// A page that scrolls where a small screen leaves too little room for it.
+class ScrollingPage : public QScrollArea {
+  public:
+    explicit ScrollingPage(QWidget* page) {
+        setWidget(page);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        page->setAutoFillBackground(false);
+        viewport()->setAutoFillBackground(false);
+    }
+
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
 } // namespace
 
 frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
@@ -83,8 +99,8 @@ frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFo
 
     tbsOptions_ = Named(new QTabWidget, QStringLiteral("tbsOptions"));
     picOptions_ = {MakeGeneralPage(), MakeHtmlPage()};
-    tbsOptions_->addTab(picOptions_[0], QStringLiteral("General Options"));
-    tbsOptions_->addTab(picOptions_[1], QStringLiteral("HTML Export Options"));
+    tbsOptions_->addTab(new ScrollingPage(picOptions_[0]), QStringLiteral("General Options"));
+    tbsOptions_->addTab(new ScrollingPage(picOptions_[1]), QStringLiteral("HTML Export Options"));
     tbsOptions_->setTabToolTip(0, QStringLiteral("Set Options for Group 1"));
     tbsOptions_->setTabToolTip(1, QStringLiteral("Set Options for Group 3"));
 
@@ -98,8 +114,7 @@ frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFo
 }
 
 QWidget* frmOptions::MakeGeneralPage() {
-    return MakePage(QStringLiteral("picOptions_0"),
-                    {MakeAdministratorGroup(), MakeQuestionsGroup(), MakeFilesGroup()});
+    return MakePage(QStringLiteral("picOptions_0"), {MakeAdministratorGroup(), MakeQuestionsGroup(), MakeFilesGroup()});
 }
 
 QWidget* frmOptions::MakeHtmlPage() {
@@ -247,7 +262,9 @@ void frmOptions::TakeControls() {
     settings_.BreakAfterQuestionNumber = ChkCarriageReturn_->isChecked();
 }
 
-void frmOptions::ReadDescription() { txttempdesc_->setPlainText(ReadTemplateDescription(txteditor_[TemplateBox]->text())); }
+void frmOptions::ReadDescription() {
+    txttempdesc_->setPlainText(ReadTemplateDescription(txteditor_[TemplateBox]->text()));
+}
 
 void frmOptions::BackToWorkingDirectory() { ChangeDirectory(settings_.DefaultDirectory); }
 

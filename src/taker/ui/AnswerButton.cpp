@@ -4,6 +4,7 @@
 #include "platform/ui/Typography.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -109,6 +110,14 @@ void AnswerButton::paintEvent(QPaintEvent*) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawRoundedRect(rect().adjusted(2, 2, -2, -2), 2, 2);
     }
+}
+
+void AnswerButton::keyPressEvent(QKeyEvent* event) {
+    // Nobody has gone to this answer yet, so the blank bar, like Return, doesn't choose it.
+    if (event->key() == Qt::Key_Space && !takesReturn_)
+        event->ignore();
+    else
+        QPushButton::keyPressEvent(event);
 }
 
 void AnswerButton::mouseDoubleClickEvent(QMouseEvent* event) { event->accept(); }
