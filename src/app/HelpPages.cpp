@@ -18,6 +18,24 @@ QString HelpPageOf(HelpTopic topic) {
         return QStringLiteral("report-editor.html");
     case HelpTopic::About:
         return QStringLiteral("results.html");
+    case HelpTopic::Editor:
+        return QStringLiteral("editor.html");
+    case HelpTopic::EditorAboutTest:
+        return QStringLiteral("editor-about-test.html");
+    case HelpTopic::EditorSubscales:
+        return QStringLiteral("editor-sub-scales.html");
+    case HelpTopic::EditorTemplate:
+        return QStringLiteral("editor-template.html");
+    case HelpTopic::EditorQuestions:
+        return QStringLiteral("editor-questions.html");
+    case HelpTopic::EditorAnalysis:
+        return QStringLiteral("editor-analysis.html");
+    case HelpTopic::EditorOptions:
+        return QStringLiteral("editor-options.html");
+    case HelpTopic::EditorAutomation:
+        return QStringLiteral("editor-automation.html");
+    case HelpTopic::EditorExport:
+        return QStringLiteral("editor-export.html");
     }
     return HelpIndexPage;
 }

@@ -3,7 +3,25 @@
 #include <QString>
 
 /// The topics of the help window, by the name of their page.
-enum class HelpTopic { StartScreen, TestWindow, Names, AutoReport, TestOptions, GeneralOptions, ReportEditor, About };
+enum class HelpTopic {
+    StartScreen,
+    TestWindow,
+    Names,
+    AutoReport,
+    TestOptions,
+    GeneralOptions,
+    ReportEditor,
+    About,
+    Editor,
+    EditorAboutTest,
+    EditorSubscales,
+    EditorTemplate,
+    EditorQuestions,
+    EditorAnalysis,
+    EditorOptions,
+    EditorAutomation,
+    EditorExport,
+};
 
 /// How a window gets to the other windows. A window asks here and never makes another subsystem's window itself.
 class Navigator {
@@ -27,10 +45,12 @@ class Navigator {
     virtual void ShowHelp(HelpTopic topic) = 0;
     virtual void ShowAbout() = 0;
 
-    /// The editor on the test in memory, on the file of the current test, or on a new test. False when there is no
-    /// editor; a message then says so.
+    /// The editor on the file of the test in memory, or on a new, empty test. False when it stayed closed, which a
+    /// message has then explained.
     virtual bool EditTest() = 0;
     virtual bool EditNewTest() = 0;
+    /// The export of the test in memory as a web page.
+    virtual void ExportHtml() = 0;
 
     /// Ends the program without further questions.
     virtual void EndProgram() = 0;

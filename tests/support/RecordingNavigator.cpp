@@ -50,6 +50,24 @@ QString RecordingNavigator::NameOf(HelpTopic topic) {
         return QStringLiteral("ReportEditor");
     case HelpTopic::About:
         return QStringLiteral("About");
+    case HelpTopic::Editor:
+        return QStringLiteral("Editor");
+    case HelpTopic::EditorAboutTest:
+        return QStringLiteral("EditorAboutTest");
+    case HelpTopic::EditorSubscales:
+        return QStringLiteral("EditorSubscales");
+    case HelpTopic::EditorTemplate:
+        return QStringLiteral("EditorTemplate");
+    case HelpTopic::EditorQuestions:
+        return QStringLiteral("EditorQuestions");
+    case HelpTopic::EditorAnalysis:
+        return QStringLiteral("EditorAnalysis");
+    case HelpTopic::EditorOptions:
+        return QStringLiteral("EditorOptions");
+    case HelpTopic::EditorAutomation:
+        return QStringLiteral("EditorAutomation");
+    case HelpTopic::EditorExport:
+        return QStringLiteral("EditorExport");
     }
     return {};
 }

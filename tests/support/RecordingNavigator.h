@@ -21,6 +21,7 @@ class RecordingNavigator : public Navigator {
     void ShowAbout() override { Note(QStringLiteral("ShowAbout")); }
     bool EditTest() override;
     bool EditNewTest() override;
+    void ExportHtml() override { Note(QStringLiteral("ExportHtml")); }
     void EndProgram() override { Note(QStringLiteral("EndProgram")); }
 
     static QString NameOf(HelpTopic topic);

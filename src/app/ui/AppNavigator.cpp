@@ -9,6 +9,7 @@
 namespace {
 
 const QString NoEditor = QStringLiteral("The test editor is not part of this version of Vellumo yet.");
+const QString NoHtmlExport = QStringLiteral("The export as a web page is not part of this version of Vellumo yet.");
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
 
 template <typename Window> Window* Owned(Window* window) {
@@ -125,6 +126,8 @@ bool AppNavigator::EditNewTest() {
         editor->OpenOnNewTest();
     return editor != nullptr;
 }
+
+void AppNavigator::ExportHtml() { parts_.Ports.Boxes.Inform(NoHtmlExport); }
 
 void AppNavigator::EndProgram() {
     ended_ = true;

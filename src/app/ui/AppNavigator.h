@@ -47,6 +47,7 @@ class AppNavigator : public Navigator {
     void ShowAbout() override;
     bool EditTest() override;
     bool EditNewTest() override;
+    void ExportHtml() override;
     void EndProgram() override;
 
     /// Whether the program is ending; an event loop need not be entered then.

@@ -3,6 +3,7 @@
 #include "platform/Directories.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
+#include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
 #include "settings/TemplateDescription.h"
@@ -10,7 +11,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -73,21 +73,6 @@ QWidget* MakePage(const QString& name, std::initializer_list<QWidget*> groups) {
     column->addStretch(1);
     return page;
 }
-
-/// A page that scrolls where a small screen leaves too little room for it.
-class ScrollingPage : public QScrollArea {
-  public:
-    explicit ScrollingPage(QWidget* page) {
-        setWidget(page);
-        setWidgetResizable(true);
-        setFrameShape(QFrame::NoFrame);
-        setFocusPolicy(Qt::NoFocus);
-        page->setAutoFillBackground(false);
-        viewport()->setAutoFillBackground(false);
-    }
-
-    QSize sizeHint() const override { return widget()->sizeHint(); }
-};
 
 } // namespace
 
