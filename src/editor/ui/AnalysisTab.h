@@ -1,0 +1,38 @@
+#pragma once
+
+#include "editor/ui/EditorTab.h"
+#include "editor/ui/EntryList.h"
+#include "editor/ui/NumberBox.h"
+#include "editor/ui/TextBox.h"
+
+#include <QPushButton>
+
+#include <array>
+
+/// The page "Analysis": the ranges of the total score.
+class AnalysisTab : public EditorTab {
+    Q_OBJECT
+
+  public:
+    explicit AnalysisTab(const EditorParts& parts);
+
+    void RefreshFromTest() override;
+    /// TotalRange.
+    void GoTo(const TestPlace& place) override;
+
+  private:
+    /// The places of CmdTotalAdd.
+    enum Action { Add, Delete, Edit };
+
+    void MakeControls();
+    void CmdTotalAdd_Click(int index);
+    void ListTotalAnalysis_Click();
+    void ShowRanges();
+    void EnableButtons();
+
+    NumberBox* txtTotLow_ = nullptr;
+    NumberBox* txtTotHigh_ = nullptr;
+    TextBox* txtTotText_ = nullptr;
+    EntryList* ListTotalAnalysis_ = nullptr;
+    std::array<QPushButton*, 3> CmdTotalAdd_{};
+};

@@ -1,0 +1,75 @@
+#include "editor/ui/EntryList.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// More letters than any line shows, and few enough to be measured while someone waits.
+constexpr int LettersOfALine = 500;
+
+/// Draws an entry as one line, whatever breaks are in it, and the chosen one as if the list had the focus.
+class OneLine : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        return value.toString().left(LettersOfALine).simplified();
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state |= QStyle::State_Active;
+    }
+};
+
+} // namespace
+
+EntryList::EntryList(int visibleLines, QWidget* parent) : QListWidget(parent) {
+    setItemDelegate(new OneLine(this));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumHeight(visibleLines * (fontMetrics().height() + 4) + 2 * frameWidth());
+    setMinimumWidth(0);
+    connect(this, &QListWidget::itemSelectionChanged, this, &EntryList::ChoiceChanged);
+}
+
+void EntryList::SetEntries(const QStringList& entries) {
+    const QSignalBlocker quiet(this);
+    clear();
+    addItems(entries);
+}
+
+void EntryList::AppendEntry(const QString& entry) {
+    const QSignalBlocker quiet(this);
+    addItem(entry);
+}
+
+void EntryList::Choose(int entry) {
+    const QSignalBlocker quiet(this);
+    if (entry == 0) {
+        clearSelection();
+        return;
+    }
+    setCurrentRow(entry - 1, QItemSelectionModel::ClearAndSelect);
+    scrollToItem(item(entry - 1));
+}
+
+int EntryList::Chosen() const {
+    const QModelIndexList chosen = selectedIndexes();
+    return chosen.isEmpty() ? 0 : chosen.first().row() + 1;
+}
+
+void EntryList::keyPressEvent(QKeyEvent* event) {
+    // The list's own keys move on from an entry; with none chosen they would pass over the first one.
+    const bool down = event->key() == Qt::Key_Down || event->key() == Qt::Key_PageDown;
+    const bool up = event->key() == Qt::Key_Up || event->key() == Qt::Key_PageUp;
+    if (Chosen() == 0 && count() > 0 && (down || up)) {
+        setCurrentRow(down ? 0 : count() - 1, QItemSelectionModel::ClearAndSelect);
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}

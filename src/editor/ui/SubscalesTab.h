@@ -1,0 +1,56 @@
+#pragma once
+
+#include "editor/SubscaleEdits.h"
+#include "editor/ui/EditorTab.h"
+#include "editor/ui/EntryList.h"
+#include "editor/ui/TextBox.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <array>
+
+/// The page "Sub-Scales": the sub-scales and, for each, the ranges of its score.
+class SubscalesTab : public EditorTab {
+    Q_OBJECT
+
+  public:
+    explicit SubscalesTab(const EditorParts& parts);
+
+    void RefreshFromTest() override;
+    /// Subscale and SubscaleRange.
+    void GoTo(const TestPlace& place) override;
+
+  Q_SIGNALS:
+    /// A button has done its work: whoever lists the sub-scales lists them again.
+    void SubscalesChanged();
+
+  private:
+    /// The places of CmdSubScaleAdd.
+    enum Action { Add, Delete, AddRange, DeleteRange, Edit, EditRange, ClearRange };
+
+    void MakeControls();
+    QGroupBox* MakeNameFrame();
+    QGroupBox* MakeAnalysisFrame();
+
+    void CmdSubScaleAdd_Click(int index);
+    void ListSubScale_Click();
+    void ListSubScaleSig_Click();
+
+    Result Perform(Action action);
+    Result AddNamed();
+    void FocusAfter(Action action);
+    void ShowNames();
+    void ShowRanges();
+    void EnableButtons();
+    RangeBoxes TypedRange() const;
+
+    QLineEdit* txtSubScale_ = nullptr;
+    EntryList* ListSubScale_ = nullptr;
+    std::array<QPushButton*, 7> CmdSubScaleAdd_{};
+    QLineEdit* txtSubScaleSigLow_ = nullptr;
+    QLineEdit* txtSubScaleSigHigh_ = nullptr;
+    TextBox* txtSubScaleSig_ = nullptr;
+    EntryList* ListSubScaleSig_ = nullptr;
+};
