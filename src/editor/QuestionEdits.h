@@ -38,13 +38,16 @@ int AnswerBefore(const TestDocument& test, int q, int a);
 int AnswerAfter(const TestDocument& test, int q, int a);
 
 /// Appends a question; it is the last one then. previous is the question shown before (0 for none): a multichoice
-/// question begins with a copy of its answers, and a short or long one takes its sub-scale away from it.
+/// question begins with a copy of its answers, and a short or long one takes its sub-scale away from it. Where no
+/// sub-scale is chosen the new question has the one of previous.
 Result AddQuestion(TestDocument& test, int previous, const QuestionBoxes& boxes);
+/// A short or long question has no sub-scale then, and any but a multichoice one no answers of its own.
 Result EditQuestion(TestDocument& test, int q, const QuestionBoxes& boxes);
 /// Returns the question to show then.
 int DeleteQuestion(TestDocument& test, int q);
 
-/// The value is stored as a number where it converts, otherwise as it is.
+/// The value is stored as a number where it converts, otherwise as it is. A question of another type becomes a
+/// multichoice one with it, as it does when a file is read: a file keeps the answers of no other.
 Result AddAnswer(TestDocument& test, int q, const QString& text, const QString& value);
 Result EditAnswer(TestDocument& test, int q, int a, const QString& text, const QString& value);
 /// Returns the answer to show then, 0 when none is left.
