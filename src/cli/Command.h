@@ -52,6 +52,7 @@ struct Command {
 CommandLine ParseCommandLine(const Command& command, const QStringList& arguments);
 
 const Command& ShowCommand();
+const Command& SaveCommand();
 const Command& CheckCommand();
 const Command& TakeCommand();
 const Command& ReportCommand();

@@ -8,8 +8,8 @@
 
 namespace {
 
-std::array<const Command*, 5> Commands() {
-    return {&ShowCommand(), &CheckCommand(), &TakeCommand(), &ReportCommand(), &ScoreCommand()};
+std::array<const Command*, 6> Commands() {
+    return {&ShowCommand(), &SaveCommand(), &CheckCommand(), &TakeCommand(), &ReportCommand(), &ScoreCommand()};
 }
 
 QString UsageLine(const Command& command) {

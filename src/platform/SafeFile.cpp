@@ -81,10 +81,11 @@ Result WriteNew(const QString& path, const QByteArray& content, Audience audienc
 
 } // namespace
 
-Result WriteFile(const QString& path, const QByteArray& content, Audience audience) {
+WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, const WriteManner& manner) {
     const QFileInfo info(path);
     if (info.isDir())
-        return Failed(path, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed."));
+        return {false, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed.")};
+    const QString unchanged = QStringLiteral("The earlier version was not changed.");
     const bool isNew = !info.exists();
     const bool replaces = info.isFile();
     // The copy lies beside the file itself, also when the path is a link to it.
@@ -92,24 +93,32 @@ Result WriteFile(const QString& path, const QByteArray& content, Audience audien
     if (replaces) {
         QFile target(path);
         if (!target.open(QIODevice::ReadWrite))
-            return Failed(path, target.errorString(), QStringLiteral("The earlier version was not changed."));
+            return {false, target.errorString(), unchanged};
         target.close();
         if (const QString reason = CopyAside(path, copy); !reason.isEmpty())
-            return Failed(path, reason, QStringLiteral("The earlier version was not changed."));
+            return {false, reason, unchanged};
     }
 
-    const Result written = WriteNew(path, content, audience, isNew);
-    // A piece of a file that was not there before would pass for the whole.
-    if (!written && isNew)
+    const Result written = WriteNew(path, content, manner.Readers, isNew);
+    if (!written && isNew && !manner.PieceStays)
         QFile::remove(info.isSymLink() ? info.symLinkTarget() : path);
-    if (!written)
-        return Failed(path, written.Message(),
-                      replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")
-                               : QStringLiteral("There was no earlier version."));
+    if (!written || !manner.StopsBecause.isEmpty())
+        return {false, written ? manner.StopsBecause : written.Message(),
+                replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")
+                         : QStringLiteral("There was no earlier version.")};
     if (replaces && !QFile::remove(copy))
-        return Result::Failed(QStringLiteral("The file '") + path +
-                              QStringLiteral("' was written, but its earlier version stays in '") + copy +
-                              QStringLiteral("', which can't be removed."));
+        return {true, {},
+                QStringLiteral("its earlier version stays in '") + copy + QStringLiteral("', which can't be removed.")};
+    return {true, {}, {}};
+}
+
+Result WriteFile(const QString& path, const QByteArray& content, Audience audience) {
+    const WriteOutcome outcome = WriteFileInManner(path, content, {audience});
+    if (!outcome.Written)
+        return Failed(path, outcome.Reason, outcome.Kept);
+    if (!outcome.Kept.isEmpty())
+        return Result::Failed(QStringLiteral("The file '") + path + QStringLiteral("' was written, but ") +
+                              outcome.Kept);
     return Result::Done();
 }
 

@@ -123,4 +123,15 @@ QByteArray EncodeCodePage(const QString& text, bool* fits) {
     return bytes;
 }
 
+std::optional<QByteArray> EncodeTestText(const QString& text) {
+    bool fits = false;
+    const QByteArray codePage = EncodeCodePage(text, &fits);
+    if (fits && DecodeText(codePage).Text == text)
+        return codePage;
+    for (const char* mark : {"", "\xEF\xBB\xBF"})
+        if (const QByteArray bytes = mark + text.toUtf8(); DecodeText(bytes).Text == text)
+            return bytes;
+    return std::nullopt;
+}
+
 QByteArray EncodeForLocale(const QString& text) { return EncodeInLocale(text).value_or(text.toUtf8()); }

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 /// How the characters of a text file are written as bytes. CodePage is the system's ANSI code page on Windows and
 /// windows-1252 elsewhere, whose five undefined bytes stand for themselves.
 enum class TextEncoding { CodePage, Utf8, Utf8WithMark };
@@ -29,6 +31,10 @@ Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file);
 /// The text in windows-1252 (away from Windows) or the system's code page. Sets fits to false, if it is given, when a
 /// character had to be replaced.
 QByteArray EncodeCodePage(const QString& text, bool* fits = nullptr);
+
+/// The text of a test file as bytes that are read back as the same text: in the code page where every character fits it
+/// and the bytes aren't taken for UTF-8, and in UTF-8 otherwise. Nothing for half a surrogate pair, which no encoding has.
+std::optional<QByteArray> EncodeTestText(const QString& text);
 
 /// The text in the encoding of the system's locale, in which reports are written; in UTF-8 when a character doesn't fit
 /// that encoding, so that no letter is ever replaced.

@@ -1,0 +1,133 @@
+#include "editor/Recovery.h"
+
+#include "editor/TestSnapshot.h"
+#include "platform/Directories.h"
+#include "platform/SafeFile.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+const QString Extension = QStringLiteral(".recovery");
+/// The longest test of the longest texts stays far below it.
+constexpr qint64 LongestCopy = 64 << 20;
+
+std::unique_ptr<QLockFile> LockFor(const QString& path) {
+    auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
+    // A lock is stale when its program is gone, however old it is.
+    lock->setStaleLockTime(0);
+    return lock;
+}
+
+QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_6_0);
+    stream << now << snapshot;
+    return bytes;
+}
+
+bool ReadCopy(const QString& path, RecoveredTest& copy) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > LongestCopy)
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(QDataStream::Qt_6_0);
+    QByteArray snapshot;
+    stream >> copy.KeptAt >> snapshot;
+    return stream.status() == QDataStream::Ok && FromSnapshot(snapshot, copy.Test);
+}
+
+} // namespace
+
+void Recovery::Begin(const TestDocument& test) {
+    LetGo();
+    inFile_ = ToSnapshot(test);
+    kept_.clear();
+}
+
+void Recovery::GoOnWith(const RecoveredTest& left) {
+    LetGo();
+    // Nothing is known of the file, so any state of the document is a change.
+    inFile_.clear();
+    kept_ = ToSnapshot(left.Test);
+    path_ = left.Path;
+    lock_ = LockFor(path_);
+    lock_->tryLock(0);
+}
+
+Result Recovery::Keep(const TestDocument& test) {
+    if (folder_.isEmpty())
+        return Result::Done();
+    const QByteArray snapshot = ToSnapshot(test);
+    if (snapshot == kept_)
+        return Result::Done();
+    if (snapshot == inFile_) {
+        if (!path_.isEmpty())
+            QFile::remove(path_);
+        kept_.clear();
+        return Result::Done();
+    }
+    if (path_.isEmpty() && !TakeFreePlace())
+        return Result::Failed(QStringLiteral("No copy of the unsaved changes can be kept in the folder '") + folder_ +
+                              QStringLiteral("'."));
+    const Result written = WriteFile(path_, CopyOf(snapshot, time_.Now()));
+    if (written)
+        kept_ = snapshot;
+    return written;
+}
+
+void Recovery::Drop(const TestDocument& test) {
+    if (!path_.isEmpty())
+        QFile::remove(path_);
+    kept_.clear();
+    inFile_ = ToSnapshot(test);
+}
+
+std::optional<RecoveredTest> Recovery::Left() const {
+    std::optional<RecoveredTest> first;
+    if (folder_.isEmpty())
+        return first;
+    const QDir folder(folder_);
+    for (const QString& name : folder.entryList({u'*' + Extension}, QDir::Files, QDir::Name)) {
+        RecoveredTest copy;
+        copy.Path = folder.filePath(name);
+        const auto lock = LockFor(copy.Path);
+        // A program that ended while it wrote the copy has left the one before beside it.
+        if (!lock->tryLock(0) ||
+            (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
+            continue;
+        if (!first || copy.KeptAt < first->KeptAt)
+            first = copy;
+    }
+    return first;
+}
+
+void Recovery::Discard(const RecoveredTest& left) const {
+    QFile::remove(left.Path);
+    QFile::remove(left.Path + QStringLiteral(".earlier"));
+}
+
+bool Recovery::TakeFreePlace() {
+    MakeDirectory(folder_);
+    constexpr int mostPlaces = 1000;
+    for (int k = 1; k <= mostPlaces; ++k) {
+        const QString path = QDir(folder_).filePath(QStringLiteral("test-%1").arg(k) + Extension);
+        auto lock = LockFor(path);
+        if (!lock->tryLock(0) || QFile::exists(path))
+            continue;
+        path_ = path;
+        lock_ = std::move(lock);
+        return true;
+    }
+    return false;
+}
+
+void Recovery::LetGo() {
+    if (!path_.isEmpty() && QFile::exists(path_) && lock_)
+        locksOfEarlier_.push_back(std::move(lock_));
+    lock_.reset();
+    path_.clear();
+}

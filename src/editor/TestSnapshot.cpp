@@ -1,0 +1,126 @@
+#include "editor/TestSnapshot.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+namespace {
+
+constexpr quint32 Mark = 0x56'4C'4D'31; // "VLM1"
+
+QDataStream& operator<<(QDataStream& stream, const Value& value) {
+    const qint8 kind = value.IsEmpty() ? 0 : value.IsNumber() ? 1 : 2;
+    return stream << kind << value.Text();
+}
+
+QDataStream& operator>>(QDataStream& stream, Value& value) {
+    qint8 kind = 0;
+    QString text;
+    stream >> kind >> text;
+    value = kind == 0 ? Value() : kind == 1 ? Value(text.toInt()) : Value(text);
+    return stream;
+}
+
+class Out {
+  public:
+    explicit Out(QByteArray& bytes) : stream_(&bytes, QIODevice::WriteOnly) { stream_.setVersion(QDataStream::Qt_6_0); }
+    template <typename T> void Field(const T& field) { stream_ << field; }
+    void Count(const int& count, int) { stream_ << count; }
+
+  private:
+    QDataStream stream_;
+};
+
+class In {
+  public:
+    explicit In(const QByteArray& bytes) : stream_(bytes) { stream_.setVersion(QDataStream::Qt_6_0); }
+    template <typename T> void Field(T& field) { stream_ >> field; }
+    void Count(int& count, int bound) {
+        stream_ >> count;
+        if (count < 0 || count > bound)
+            stream_.setStatus(QDataStream::ReadCorruptData);
+        if (!Good())
+            count = 0;
+    }
+    bool Good() const { return stream_.status() == QDataStream::Ok; }
+    bool AtEnd() const { return stream_.atEnd(); }
+
+  private:
+    QDataStream stream_;
+};
+
+/// One order of the fields for both ways.
+template <typename Document, typename Stream> void VisitScales(Document& test, Stream& stream) {
+    stream.Count(test.SubscaleCount, MaxSubscales);
+    for (int s = 1; s <= test.SubscaleCount; ++s) {
+        stream.Field(test.SubscaleName(s));
+        stream.Count(test.SubscaleRangeCount(s), MaxRanges);
+        for (int r = 1; r <= test.SubscaleRangeCount(s); ++r) {
+            stream.Field(test.SubscaleRangeLow(s, r));
+            stream.Field(test.SubscaleRangeHigh(s, r));
+            stream.Field(test.SubscaleRangeText(s, r));
+        }
+    }
+    stream.Count(test.TotalRangeCount, MaxRanges);
+    for (int r = 1; r <= test.TotalRangeCount; ++r) {
+        stream.Field(test.TotalRangeLow(r));
+        stream.Field(test.TotalRangeHigh(r));
+        stream.Field(test.TotalRangeText(r));
+    }
+}
+
+template <typename Document, typename Stream> void VisitQuestions(Document& test, Stream& stream) {
+    stream.Count(test.TemplateAnswerCount, MaxTemplateAnswers);
+    for (int i = 1; i <= test.TemplateAnswerCount; ++i) {
+        stream.Field(test.TemplateAnswerText(i));
+        stream.Field(test.TemplateAnswerValue(i));
+    }
+    stream.Count(test.QuestionCount, MaxQuestions);
+    for (int q = 1; q <= test.QuestionCount; ++q) {
+        stream.Field(test.QuestionText(q));
+        stream.Field(test.QuestionType(q));
+        stream.Field(test.QuestionSubscale(q));
+        if (q <= MaxQuestionsWithAnswers)
+            stream.Count(test.AnswerCount(q), MaxAnswers);
+        for (int a = 1; a <= MaxAnswers; ++a) {
+            stream.Field(test.AnswerText(q, a));
+            stream.Field(test.AnswerValue(q, a));
+        }
+    }
+}
+
+template <typename Document, typename Stream> void Visit(Document& test, Stream& stream) {
+    for (auto* text : {&test.TestFileName, &test.TestBaseName, &test.TestTitle, &test.TestIntroduction,
+                       &test.TestInstructions, &test.TestCompletionMessage, &test.ReportDirectory,
+                       &test.ExcelDirectory, &test.ExcelFileName, &test.AutosaveFileName})
+        stream.Field(*text);
+    VisitScales(test, stream);
+    VisitQuestions(test, stream);
+    stream.Field(test.ReportOnlyWhenDone);
+    stream.Field(test.NavigationButtons);
+    for (int i = 1; i <= OptionCount; ++i)
+        stream.Field(test.TestOption(i));
+}
+
+} // namespace
+
+QByteArray ToSnapshot(const TestDocument& test) {
+    QByteArray bytes;
+    Out out(bytes);
+    out.Field(Mark);
+    Visit(test, out);
+    return bytes;
+}
+
+bool FromSnapshot(const QByteArray& bytes, TestDocument& test) {
+    In in(bytes);
+    quint32 mark = 0;
+    in.Field(mark);
+    if (mark != Mark)
+        return false;
+    TestDocument read;
+    Visit(read, in);
+    if (!in.Good() || !in.AtEnd())
+        return false;
+    test = read;
+    return true;
+}
