@@ -74,6 +74,14 @@ FileElement FileLayout::ElementOf(const TestPlace& place) const {
         const FileElement answer = Nth(QStringLiteral("A"), question.Content, place.SubIndex);
         return answer.Whole.Exists ? answer : question;
     }
+    case TestPlace::ReportDirectory:
+        return Find(QStringLiteral("REPORT DIR"), All());
+    case TestPlace::ExcelDirectory:
+        return Find(QStringLiteral("EXCEL DIR"), All());
+    case TestPlace::ExcelFileName:
+        return Find(QStringLiteral("EXCEL FILE NAME"), All());
+    case TestPlace::AutosaveFileName:
+        return Find(QStringLiteral("AUTOSAVE FILENAME"), All());
     }
     return {};
 }

@@ -8,7 +8,7 @@
 class ReachableSet {
   public:
     /// Only 0.
-    ReachableSet() : reached_{true} {}
+    ReachableSet() : reached_{1} {}
 
     /// One more question whose choice adds one of the values (at least one).
     void Add(const std::vector<int>& values);
@@ -23,8 +23,8 @@ class ReachableSet {
 
     qint64 lowest_ = 0;
     qint64 highest_ = 0;
-    /// Index 0 is the lowest score; empty when the span is too wide.
-    std::vector<bool> reached_;
+    /// One bit a score, 64 in a word, from the lowest score on; empty when the span is too wide.
+    std::vector<quint64> reached_;
 };
 
 /// The scores of one scale, with every question answered and with some left out.
@@ -33,5 +33,5 @@ struct ScaleScores {
     ReachableSet WithGaps;
 };
 
-/// The scores of sub-scale s, or of the total for 0.
-ScaleScores ScoresOfScale(const TestDocument& test, int s);
+/// The scores of the total (index 0) and of sub-scale s (index s).
+std::vector<ScaleScores> ScoresOfScales(const TestDocument& test);

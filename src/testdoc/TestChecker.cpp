@@ -21,9 +21,28 @@ QString ScaleName(const TestDocument& test, int s) {
     return s == 0 ? QStringLiteral("the total") : QStringLiteral("the sub-scale ") + Quoted(test.SubscaleName(s));
 }
 
+PageUse PageUseOf(TestPlace::Kind kind) {
+    switch (kind) {
+    case TestPlace::Title:
+        return PageUse::Attribute;
+    case TestPlace::Subscale:
+    case TestPlace::SubscaleRange:
+    case TestPlace::TotalRange:
+    case TestPlace::Question:
+        return PageUse::Script;
+    default:
+        return PageUse::Markup;
+    }
+}
+
+bool IsPath(TestPlace::Kind kind) {
+    return kind == TestPlace::ReportDirectory || kind == TestPlace::ExcelDirectory ||
+           kind == TestPlace::ExcelFileName || kind == TestPlace::AutosaveFileName;
+}
+
 class DocumentChecker {
   public:
-    explicit DocumentChecker(const TestDocument& test) : test_(test) {}
+    explicit DocumentChecker(const TestDocument& test) : test_(test), scores_(ScoresOfScales(test)) {}
 
     std::vector<Finding> Run() {
         CheckWhole();
@@ -46,8 +65,13 @@ class DocumentChecker {
         findings_.push_back(MakeFinding(Severity::Warning, place, test_, text));
     }
     void CheckWhole();
+    void WarnProvisionally(const TestPlace& place, const QString& text) {
+        Warn(place, text);
+        findings_.back().Provisional = true;
+    }
     void CheckTexts();
     void CheckText(const TestPlace& place, const QString& text, PageUse use);
+    void CheckBrackets(const TestPlace& place, const QString& text);
     void CheckTextInPage(const TestPlace& place, const QString& text, PageUse use);
     void CheckSubscale(int s);
     void CheckScale(int s);
@@ -59,17 +83,20 @@ class DocumentChecker {
     void CheckAnswers(int q);
 
     const TestDocument& test_;
+    /// The total's, then those of the sub-scales.
+    std::vector<ScaleScores> scores_;
     std::vector<Finding> findings_;
 };
 
 void DocumentChecker::CheckWhole() {
     if (test_.QuestionCount == 0)
-        findings_.push_back(MakeFinding(Severity::Error, {}, test_,
-                                        QStringLiteral("The test '") + test_.TestTitle +
-                                            QStringLiteral("' has no questions.")));
-    const ScaleScores total = ScoresOfScale(test_, 0);
+        findings_.push_back(
+            MakeFinding(Severity::Error, {}, test_,
+                        QStringLiteral("The test '") + test_.TestTitle + QStringLiteral("' has no questions.")));
+    const ScaleScores& total = scores_.front();
     if (total.WithGaps.Highest() > 32767 || total.WithGaps.Lowest() < -32768)
-        Warn({}, QStringLiteral("the total score can leave -32768 to 32767; such a report is refused with \"Overflow\""));
+        Warn({},
+             QStringLiteral("the total score can leave -32768 to 32767; such a report is refused with \"Overflow\""));
     if (test_.TemplateAnswerCount > MaxAnswers)
         Warn({TestPlace::TemplateAnswer, 0, MaxTemplateAnswers},
              QStringLiteral("a question takes at most %1 answers from the template").arg(MaxAnswers));
@@ -78,32 +105,25 @@ void DocumentChecker::CheckWhole() {
     for (const Option option : {AutosaveReportAsClient, AutosaveReportDirectoryAsClient, AutosaveExcelDirectoryAsClient,
                                 AutosaveExcelReportAsClient})
         if (test_.TestOption(option))
-            Warn({}, test_.OptionTag(option) + QStringLiteral(" is set, but the test doesn't ask for the client's name ") +
+            Warn({}, test_.OptionTag(option) +
+                         QStringLiteral(" is set, but the test doesn't ask for the client's name ") +
                          test_.OptionTag(PromptClientName));
 }
 
 void DocumentChecker::CheckTexts() {
-    CheckText({TestPlace::Title, 0, 0}, test_.TestTitle, PageUse::Attribute);
-    CheckText({TestPlace::Introduction, 0, 0}, test_.TestIntroduction, PageUse::Markup);
-    CheckText({TestPlace::Instructions, 0, 0}, test_.TestInstructions, PageUse::Markup);
-    CheckText({TestPlace::CompletionMessage, 0, 0}, test_.TestCompletionMessage, PageUse::Markup);
-    for (int s = 1; s <= test_.SubscaleCount; ++s) {
-        CheckText({TestPlace::Subscale, s, 0}, test_.SubscaleName(s), PageUse::Script);
-        for (int r = 1; r <= test_.SubscaleRangeCount(s); ++r)
-            CheckText({TestPlace::SubscaleRange, s, r}, test_.SubscaleRangeText(s, r), PageUse::Script);
-    }
-    for (int r = 1; r <= test_.TotalRangeCount; ++r)
-        CheckText({TestPlace::TotalRange, 0, r}, test_.TotalRangeText(r), PageUse::Script);
-    for (int i = 1; i <= test_.TemplateAnswerCount; ++i)
-        CheckText({TestPlace::TemplateAnswer, 0, i}, test_.TemplateAnswerText(i), PageUse::Markup);
-    for (int q = 1; q <= test_.QuestionCount; ++q) {
-        CheckText({TestPlace::Question, q, 0}, test_.QuestionText(q), PageUse::Script);
-        for (int a = 1; q <= MaxQuestionsWithAnswers && a <= test_.AnswerCount(q); ++a)
-            CheckText({TestPlace::Answer, q, a}, test_.AnswerText(q, a), PageUse::Markup);
-    }
+    ForEachText(test_, [this](const TestPlace& place, const QString& text) {
+        if (!IsPath(place.What))
+            CheckText(place, text, PageUseOf(place.What));
+    });
 }
 
 void DocumentChecker::CheckText(const TestPlace& place, const QString& text, PageUse use) {
+    if (text.contains(u'[') || text.contains(u']'))
+        CheckBrackets(place, text);
+    CheckTextInPage(place, text, use);
+}
+
+void DocumentChecker::CheckBrackets(const TestPlace& place, const QString& text) {
     const QString upper = AsciiUpper(text);
     bool tagFound = false;
     const auto lookFor = [&](const QString& tag) {
@@ -116,9 +136,9 @@ void DocumentChecker::CheckText(const TestPlace& place, const QString& text, Pag
         lookFor(test_.OptionTag(i));
     lookFor(ReportOnlyWhenDoneTag);
     lookFor(NavigationButtonsTag);
-    if (!tagFound && (text.contains(u'[') || text.contains(u']')))
-        Warn(place, QStringLiteral("the text contains a square bracket, which the reader may take for a tag"));
-    CheckTextInPage(place, text, use);
+    if (!tagFound)
+        WarnProvisionally(place,
+                          QStringLiteral("the text contains a square bracket, which the reader may take for a tag"));
 }
 
 void DocumentChecker::CheckTextInPage(const TestPlace& place, const QString& text, PageUse use) {
@@ -139,7 +159,7 @@ void DocumentChecker::CheckTextInPage(const TestPlace& place, const QString& tex
     if (text.contains(u'\\'))
         Warn(place, QStringLiteral("the text contains a backslash") + consequence);
     if (text.contains(u'\n') || text.contains(u'\r'))
-        Warn(place, QStringLiteral("the text contains a line break") + consequence);
+        WarnProvisionally(place, QStringLiteral("the text contains a line break") + consequence);
 }
 
 void DocumentChecker::CheckSubscale(int s) {
@@ -159,7 +179,7 @@ void DocumentChecker::CheckSubscale(int s) {
 }
 
 void DocumentChecker::CheckScale(int s) {
-    const ScaleScores scores = ScoresOfScale(test_, s);
+    const ScaleScores& scores = scores_[static_cast<size_t>(s)];
     const std::vector<Range> ranges = UsableRanges(s);
     for (const Range& range : ranges)
         CheckRange(range, scores);
@@ -173,10 +193,10 @@ std::vector<DocumentChecker::Range> DocumentChecker::UsableRanges(int s) {
     const int count = s == 0 ? test_.TotalRangeCount : test_.SubscaleRangeCount(s);
     for (int r = 1; r <= count; ++r) {
         const TestPlace place{s == 0 ? TestPlace::TotalRange : TestPlace::SubscaleRange, s, r};
-        const auto low = s == 0 ? test_.TotalRangeLow(r) : TryWholeNumber(test_.SubscaleRangeLow(s, r).Text());
-        const auto high = s == 0 ? test_.TotalRangeHigh(r) : TryWholeNumber(test_.SubscaleRangeHigh(s, r).Text());
+        const auto low = s == 0 ? test_.TotalRangeLow(r) : test_.SubscaleRangeLow(s, r).TryNumber();
+        const auto high = s == 0 ? test_.TotalRangeHigh(r) : test_.SubscaleRangeHigh(s, r).TryNumber();
         if (!low || !high)
-            Warn(place, QStringLiteral("a bound is no whole number from -32768 to 32767"));
+            WarnProvisionally(place, QStringLiteral("a bound is no whole number from -32768 to 32767"));
         else if (*low > *high)
             Warn(place, QStringLiteral("the low bound %1 is above the high bound %2, so that no score is in the range")
                             .arg(*low)
@@ -190,9 +210,8 @@ std::vector<DocumentChecker::Range> DocumentChecker::UsableRanges(int s) {
 void DocumentChecker::CheckRange(const Range& range, const ScaleScores& scores) {
     if (scores.Complete.Reaches(range.Low, range.High))
         return;
-    const QString reach = QStringLiteral("; the scores run from %1 to %2")
-                              .arg(scores.Complete.Lowest())
-                              .arg(scores.Complete.Highest());
+    const QString reach =
+        QStringLiteral("; the scores run from %1 to %2").arg(scores.Complete.Lowest()).arg(scores.Complete.Highest());
     if (scores.WithGaps.Reaches(range.Low, range.High))
         Warn(range.Place, QStringLiteral("a score reaches the range %1 only when questions are left unanswered")
                                   .arg(Span(range.Low, range.High)) +
@@ -218,8 +237,8 @@ void DocumentChecker::CheckGaps(int s, std::vector<Range> ranges, const ScaleSco
         return;
     std::sort(ranges.begin(), ranges.end(), [](const Range& a, const Range& b) { return a.Low < b.Low; });
     const auto tell = [&](const TestPlace& place, qint64 low, qint64 high) {
-        const QString unreached = scores.WithGaps.Reaches(low, high) ? QString()
-                                                                     : QStringLiteral(" (no score is there just now)");
+        const QString unreached =
+            scores.WithGaps.Reaches(low, high) ? QString() : QStringLiteral(" (no score is there just now)");
         Warn(place, QStringLiteral("there is a gap: no range of ") + ScaleName(test_, s) +
                         QStringLiteral(" covers the score ") + Span(low, high) + unreached);
     };
@@ -247,7 +266,8 @@ void DocumentChecker::CheckQuestion(int q) {
                         .arg(test_.SubscaleCount));
     const int type = test_.QuestionType(q);
     if (type < TypeUnset || type > LongAnswer)
-        Warn(place, QStringLiteral("the question has the type %1, which doesn't exist, and can't be answered").arg(type));
+        Warn(place,
+             QStringLiteral("the question has the type %1, which doesn't exist, and can't be answered").arg(type));
     if (IsMultichoice(test_, q))
         CheckAnswers(q);
 }
@@ -262,15 +282,16 @@ void DocumentChecker::CheckAnswers(int q) {
             last = a;
     }
     if (!offered)
-        return Warn({TestPlace::Question, q, 0},
-                    QStringLiteral("the multichoice question has no answers to choose from, so that nobody gets past it"));
+        return Warn(
+            {TestPlace::Question, q, 0},
+            QStringLiteral("the multichoice question has no answers to choose from, so that nobody gets past it"));
     for (int a = 1; a <= last; ++a) {
         const TestPlace place{TestPlace::Answer, q, a};
         if (test_.AnswerText(q, a).isEmpty())
             Warn(place, QStringLiteral("the answer has no text, so that no button shows it"));
-        else if (!TryWholeNumber(test_.AnswerValue(q, a).Text()))
-            Warn(place, Quoted(test_.AnswerValue(q, a).Text()) +
-                            QStringLiteral(" is no whole number from -32768 to 32767 as a value"));
+        else if (!test_.AnswerValue(q, a).TryNumber())
+            WarnProvisionally(place, Quoted(test_.AnswerValue(q, a).Text()) +
+                                         QStringLiteral(" is no whole number from -32768 to 32767 as a value"));
     }
 }
 
@@ -286,11 +307,12 @@ bool CheckedTest::HasErrors() const {
 std::vector<Finding> CheckDocument(const TestDocument& test) { return DocumentChecker(test).Run(); }
 
 std::vector<ScaleReach> ReachableScores(const TestDocument& test) {
+    const std::vector<ScaleScores> scores = ScoresOfScales(test);
     std::vector<ScaleReach> scales;
     const auto add = [&](int s, const QString& name) {
-        const ScaleScores scores = ScoresOfScale(test, s);
-        scales.push_back({s, name, scores.Complete.Lowest(), scores.Complete.Highest(), scores.WithGaps.Lowest(),
-                          scores.WithGaps.Highest()});
+        const ScaleScores& scale = scores[static_cast<size_t>(s)];
+        scales.push_back({s, name, scale.Complete.Lowest(), scale.Complete.Highest(), scale.WithGaps.Lowest(),
+                          scale.WithGaps.Highest()});
     };
     for (int s = 1; s <= test.SubscaleCount; ++s)
         add(s, test.SubscaleName(s));
@@ -298,10 +320,35 @@ std::vector<ScaleReach> ReachableScores(const TestDocument& test) {
     return scales;
 }
 
+void ForEachText(const TestDocument& test, const std::function<void(const TestPlace&, const QString&)>& visit) {
+    visit({TestPlace::Title, 0, 0}, test.TestTitle);
+    visit({TestPlace::Introduction, 0, 0}, test.TestIntroduction);
+    visit({TestPlace::Instructions, 0, 0}, test.TestInstructions);
+    visit({TestPlace::CompletionMessage, 0, 0}, test.TestCompletionMessage);
+    for (int s = 1; s <= test.SubscaleCount; ++s) {
+        visit({TestPlace::Subscale, s, 0}, test.SubscaleName(s));
+        for (int r = 1; r <= test.SubscaleRangeCount(s); ++r)
+            visit({TestPlace::SubscaleRange, s, r}, test.SubscaleRangeText(s, r));
+    }
+    for (int r = 1; r <= test.TotalRangeCount; ++r)
+        visit({TestPlace::TotalRange, 0, r}, test.TotalRangeText(r));
+    for (int i = 1; i <= test.TemplateAnswerCount; ++i)
+        visit({TestPlace::TemplateAnswer, 0, i}, test.TemplateAnswerText(i));
+    for (int q = 1; q <= test.QuestionCount; ++q) {
+        visit({TestPlace::Question, q, 0}, test.QuestionText(q));
+        for (int a = 1; q <= MaxQuestionsWithAnswers && a <= test.AnswerCount(q); ++a)
+            visit({TestPlace::Answer, q, a}, test.AnswerText(q, a));
+    }
+    visit({TestPlace::ReportDirectory, 0, 0}, test.ReportDirectory);
+    visit({TestPlace::ExcelDirectory, 0, 0}, test.ExcelDirectory);
+    visit({TestPlace::ExcelFileName, 0, 0}, test.ExcelFileName);
+    visit({TestPlace::AutosaveFileName, 0, 0}, test.AutosaveFileName);
+}
+
 CheckedTest CheckTestFile(const QString& path) {
     CheckedTest checked;
     const auto error = [&](const QString& text) {
-        checked.Findings.push_back({Severity::Error, {}, {}, text, 0, 0});
+        checked.Findings.push_back({Severity::Error, {}, {}, text, 0, 0, false});
         return checked;
     };
     TestDocument test;
@@ -326,7 +373,7 @@ CheckedTest CheckTestFile(const QString& path) {
 }
 
 Finding MakeFinding(Severity level, const TestPlace& place, const TestDocument& test, const QString& text) {
-    return {level, place, PlaceText(place, test), text, 0, 0};
+    return {level, place, PlaceText(place, test), text, 0, 0, false};
 }
 
 QString PlaceText(const TestPlace& place, const TestDocument& test) {
@@ -356,6 +403,14 @@ QString PlaceText(const TestPlace& place, const TestDocument& test) {
         return Ordinal("question ", place.Index);
     case TestPlace::Answer:
         return Ordinal("question ", place.Index) + Ordinal(", answer ", place.SubIndex);
+    case TestPlace::ReportDirectory:
+        return QStringLiteral("directory for reports");
+    case TestPlace::ExcelDirectory:
+        return QStringLiteral("directory for workbooks");
+    case TestPlace::ExcelFileName:
+        return QStringLiteral("workbook's file name");
+    case TestPlace::AutosaveFileName:
+        return QStringLiteral("report's file name");
     }
     return {};
 }

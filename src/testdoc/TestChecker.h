@@ -2,6 +2,7 @@
 
 #include "testdoc/TestDocument.h"
 
+#include <functional>
 #include <vector>
 
 enum class Severity { Error, Warning };
@@ -14,16 +15,22 @@ struct TestPlace {
         Introduction,
         Instructions,
         CompletionMessage,
-        Subscale,      ///< Index: sub-scale
-        SubscaleRange, ///< Index: sub-scale, SubIndex: range
-        TotalRange,    ///< SubIndex: range
+        Subscale,       ///< Index: sub-scale
+        SubscaleRange,  ///< Index: sub-scale, SubIndex: range
+        TotalRange,     ///< SubIndex: range
         TemplateAnswer, ///< SubIndex: answer
-        Question,      ///< Index: question
-        Answer,        ///< Index: question, SubIndex: answer
+        Question,       ///< Index: question
+        Answer,         ///< Index: question, SubIndex: answer
+        ReportDirectory,
+        ExcelDirectory,
+        ExcelFileName,
+        AutosaveFileName,
     };
     Kind What = Whole;
     int Index = 0;
     int SubIndex = 0;
+
+    bool operator==(const TestPlace&) const = default;
 };
 
 /// Something that keeps a test from being taken (an error), or that its author would want to know (a warning).
@@ -36,6 +43,8 @@ struct Finding {
     /// Line and column in the file, from 1; 0 when the finding has no place there.
     int Line = 0;
     int Column = 0;
+    /// Whether it was guessed from one text alone, and gives way to what reading that place back shows.
+    bool Provisional = false;
 };
 
 /// What one scale can reach when every question is answered, and when some are left out (they count 0).
@@ -72,6 +81,9 @@ std::vector<ScaleReach> ReachableScores(const TestDocument& test);
 CheckedTest CheckTestFile(const QString& path);
 
 Finding MakeFinding(Severity level, const TestPlace& place, const TestDocument& test, const QString& text);
+
+/// Every text of the test with its place, in the order of the file. An answer of the template comes once.
+void ForEachText(const TestDocument& test, const std::function<void(const TestPlace&, const QString&)>& visit);
 
 /// "question 3", "range 2 of the sub-scale 'Energy'", ...; "" for the whole test.
 QString PlaceText(const TestPlace& place, const TestDocument& test);

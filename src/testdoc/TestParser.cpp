@@ -144,8 +144,7 @@ void Loader::LoadSubscale(const TaggedText& element) {
             MoreThan(MaxRanges, "ranges");
         const int r = ++test_.SubscaleRangeCount(s);
         test_.SubscaleRangesPresent = true;
-        const Range range =
-            ReadRange(content, QStringLiteral("I can't find a range in subscale significance values"));
+        const Range range = ReadRange(content, QStringLiteral("I can't find a range in subscale significance values"));
         test_.SubscaleRangeLow(s, r) = range.Low;
         test_.SubscaleRangeHigh(s, r) = range.High;
         test_.SubscaleRangeText(s, r) = range.Text;
@@ -349,6 +348,14 @@ void ClearTest(TestDocument& test) {
     test.TemplateAnswerCount = test.LongestAnswerLength = test.MaxAnswerCount = test.QuestionCount = 0;
 }
 
+QString TextWhenRead(QString fileText) {
+    // Old systems ended a text file with this character.
+    if (fileText.endsWith(u'\x1A'))
+        fileText.chop(1);
+    fileText.remove(u'\r').remove(u'\n');
+    return fileText.replace(QStringLiteral("<P>"), LineBreak).replace(QStringLiteral("<p>"), LineBreak);
+}
+
 Result ReadTestFile(TestDocument& test, const QString& path) {
     test.TestFileName = path;
 
@@ -357,12 +364,7 @@ Result ReadTestFile(TestDocument& test, const QString& path) {
     if (const Result read = ReadTextFile(path, MaxTestFileBytes, file); !read)
         return read;
 
-    QString text = file.Text;
-    // Old systems ended a text file with this character.
-    if (text.endsWith(u'\x1A'))
-        text.chop(1);
-    text.remove(u'\r').remove(u'\n');
-    text.replace(QStringLiteral("<P>"), LineBreak).replace(QStringLiteral("<p>"), LineBreak);
+    const QString text = TextWhenRead(file.Text);
     if (text.size() > MaxTestFileLength)
         return Result::Failed(QStringLiteral("it holds %1 characters, and a test has at most %2")
                                   .arg(QString::number(text.size()), QString::number(MaxTestFileLength)));

@@ -12,6 +12,10 @@ void ClearTest(TestDocument& test);
 /// it was. The message is the reason alone; CantReadTestFile makes the sentence for the user.
 Result ReadTestFile(TestDocument& test, const QString& path);
 
+/// The text of a file as the reader sees it: without line ends, with CR LF for each "<P>" and "<p>", and without the
+/// end-of-file mark of old systems.
+QString TextWhenRead(QString fileText);
+
 /// Fills every other field from TestFileText. Takes time in proportion to the text's length.
 /// Throws ParseError, whose message names the file, when the content can't be understood; the document is then
 /// half filled and must not be used.

@@ -1,0 +1,247 @@
+#include "testdoc/TestInMemoryChecker.h"
+
+#include "base/Text.h"
+#include "testdoc/ReadBack.h"
+#include "testdoc/TestParser.h"
+#include "testdoc/TestWriter.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+/// From here on a test is told that it is nearly full.
+constexpr int NearlyFull = 30000;
+/// A text so much longer than a test may be isn't read back any more: there is no hurry to know its other flaws.
+constexpr int LongestReadBack = 4 * MaxTestFileLength;
+
+int OwnAnswers(const TestDocument& test, int q) {
+    return q <= MaxQuestionsWithAnswers && test.QuestionType(q) == Multichoice ? test.AnswerCount(q) : 0;
+}
+
+/// Reading gives the template's answers to every question without answers of its own, and none to the other places.
+TestDocument WithAnswersAsRead(TestDocument test) {
+    if (test.TestTitle.isEmpty())
+        test.TestTitle = QStringLiteral("Untitled");
+    for (int q = 1; q <= test.QuestionCount; ++q) {
+        const int own = OwnAnswers(test, q);
+        if (q <= MaxQuestionsWithAnswers)
+            test.AnswerCount(q) = own;
+        for (int a = own + 1; a <= MaxAnswers; ++a) {
+            const bool fromTemplate = own == 0 && a <= test.TemplateAnswerCount;
+            test.AnswerText(q, a) = fromTemplate ? test.TemplateAnswerText(a) : QString();
+            test.AnswerValue(q, a) = fromTemplate ? Value(test.TemplateAnswerValue(a)) : Value();
+        }
+    }
+    return test;
+}
+
+/// The character that keeps the file from being read as a text; nothing when there is none.
+std::optional<QChar> ControlCharacter(const QString& text) {
+    const auto found = std::find_if(text.begin(), text.end(),
+                                    [](QChar c) { return c < u' ' && (c < u'\t' || c > u'\r') && c != u'\x1A'; });
+    return found == text.end() ? std::nullopt : std::optional(*found);
+}
+
+bool HasHalfACharacter(const QString& text) {
+    for (qsizetype i = 0; i < text.size(); ++i)
+        if (text[i].isSurrogate()) {
+            if (!text[i].isHighSurrogate() || i + 1 == text.size() || !text[i + 1].isLowSurrogate())
+                return true;
+            ++i;
+        }
+    return false;
+}
+
+class SavingChecker {
+  public:
+    explicit SavingChecker(const TestDocument& test) : test_(test), probe_(test) {}
+
+    std::vector<Finding> Run(int* lengthWhenRead) {
+        CheckCharacters();
+        CheckNumbers();
+        CheckQuestions();
+        const WrittenTest written = WriteTest(test_);
+        const int length = LengthWhenRead(written.Text);
+        CheckLength(length);
+        if (length <= LongestReadBack)
+            CheckReadBack(mended_ ? WriteTest(probe_) : written);
+        AddWhatTheDocumentTells();
+        Sort();
+        if (lengthWhenRead)
+            *lengthWhenRead = length;
+        return std::move(findings_);
+    }
+
+  private:
+    void Tell(Severity level, const TestPlace& place, const QString& text) {
+        findings_.push_back(MakeFinding(level, place, test_, text));
+    }
+    void CheckCharacters();
+    void CheckNumbers();
+    void CheckNumber(const TestPlace& place, const char* what, const Value& number, Value& probe);
+    void CheckQuestions();
+    void CheckLength(int length);
+    void CheckReadBack(const WrittenTest& written);
+    void TellUnreadable(QString message);
+    TestPlace PlaceOfFlaw(const QString& message) const;
+    void AddWhatTheDocumentTells();
+    void Sort();
+
+    const TestDocument& test_;
+    /// The test without the flaws that would end writing or reading it early, so that the others come to light too.
+    TestDocument probe_;
+    bool mended_ = false;
+    std::vector<Finding> findings_;
+};
+
+void SavingChecker::CheckCharacters() {
+    ForEachText(test_, [this](const TestPlace& place, const QString& text) {
+        if (const auto control = ControlCharacter(text))
+            Tell(Severity::Error, place,
+                 QStringLiteral("the text holds the control character 0x%1, and a file with it can't be opened again")
+                     .arg(QString::number(control->unicode(), 16).toUpper().rightJustified(2, u'0')));
+        if (HasHalfACharacter(text))
+            Tell(Severity::Error, place,
+                 QStringLiteral("the text holds half of a character, which no file can keep: the test can't be saved"));
+    });
+}
+
+void SavingChecker::CheckNumber(const TestPlace& place, const char* what, const Value& number, Value& probe) {
+    if (number.TryNumber())
+        return;
+    probe = 0;
+    mended_ = true;
+    const QString typed = number.Text();
+    Tell(Severity::Error, place,
+         (typed.isEmpty() ? QStringLiteral("the %1 is empty").arg(QLatin1String(what))
+                          : QStringLiteral("the %1 %2 is no whole number from -32768 to 32767")
+                                .arg(QLatin1String(what), Quoted(typed))) +
+             QStringLiteral(", and a file with it can't be opened again"));
+}
+
+void SavingChecker::CheckNumbers() {
+    for (int s = 1; s <= test_.SubscaleCount; ++s)
+        for (int r = 1; r <= test_.SubscaleRangeCount(s); ++r) {
+            const TestPlace place{TestPlace::SubscaleRange, s, r};
+            CheckNumber(place, "low bound", test_.SubscaleRangeLow(s, r), probe_.SubscaleRangeLow(s, r));
+            CheckNumber(place, "high bound", test_.SubscaleRangeHigh(s, r), probe_.SubscaleRangeHigh(s, r));
+        }
+    for (int q = 1; q <= test_.QuestionCount; ++q)
+        for (int a = 1; a <= OwnAnswers(test_, q); ++a)
+            CheckNumber({TestPlace::Answer, q, a}, "value", test_.AnswerValue(q, a), probe_.AnswerValue(q, a));
+}
+
+void SavingChecker::CheckQuestions() {
+    bool stops = false;
+    for (int q = 1; q <= test_.QuestionCount; ++q) {
+        if (test_.QuestionType(q) != Multichoice)
+            continue;
+        const TestPlace place{TestPlace::Question, q, 0};
+        if (q > MaxQuestionsWithAnswers) {
+            probe_.QuestionType(q) = TypeUnset;
+            mended_ = true;
+            if (!stops)
+                Tell(
+                    Severity::Error, place,
+                    QStringLiteral("only questions 1 to %1 can be of the type multichoice: saving stops here, and what "
+                                   "stands behind this isn't in the file")
+                        .arg(MaxQuestionsWithAnswers));
+            stops = true;
+        } else if (test_.AnswerCount(q) == 0 && test_.TemplateAnswerCount > 0) {
+            Tell(Severity::Warning, place,
+                 QStringLiteral("the multichoice question has no answers of its own, and becomes a template question "
+                                "when the file is read"));
+        }
+    }
+}
+
+void SavingChecker::CheckLength(int length) {
+    if (length > MaxTestFileLength)
+        Tell(Severity::Error, {},
+             QStringLiteral("the test is %1 characters too long to be opened again").arg(length - MaxTestFileLength));
+    else if (length >= NearlyFull)
+        Tell(Severity::Warning, {},
+             QStringLiteral("the file holds %1 characters; one with more than %2 can't be read")
+                 .arg(length)
+                 .arg(MaxTestFileLength));
+    if (test_.TestTitle.isEmpty())
+        Tell(Severity::Warning, {TestPlace::Title, 0, 0},
+             QStringLiteral("the test has no title and is listed as 'Untitled'"));
+}
+
+void SavingChecker::CheckReadBack(const WrittenTest& written) {
+    if (!written.StopsBecause.isEmpty())
+        return Tell(Severity::Error, {}, QStringLiteral("the test can't be saved whole: ") + written.StopsBecause);
+    TestDocument read;
+    read.TestFileText = TextWhenRead(written.Text);
+    read.TestFileLength = static_cast<int>(read.TestFileText.size());
+    try {
+        LoadTest(read);
+    } catch (const Failure& failure) {
+        return TellUnreadable(failure.Message());
+    }
+    for (Finding& difference : DifferencesReadBack(probe_, read))
+        findings_.push_back(std::move(difference));
+}
+
+/// A reader's message ends with the name of the file, which is none here.
+void SavingChecker::TellUnreadable(QString message) {
+    constexpr qsizetype longest = 160;
+    const QString ending = QStringLiteral(" in the file: ");
+    if (message.endsWith(ending))
+        message.chop(ending.size());
+    if (message.endsWith(QStringLiteral("]tag")))
+        message.insert(message.size() - 3, u' ');
+    const TestPlace place = PlaceOfFlaw(message);
+    if (message.size() > longest)
+        message = message.left(longest) + QStringLiteral("...");
+    Tell(Severity::Error, place, QStringLiteral("a file with this can't be opened again: ") + message);
+}
+
+/// The first text that holds the tag which the message misses, or else the first with any bracket.
+TestPlace SavingChecker::PlaceOfFlaw(const QString& message) const {
+    const qsizetype tag = message.indexOf(QStringLiteral("[/"));
+    const QString opening = tag < 0 ? QString() : u'[' + message.mid(tag + 2, message.indexOf(u']', tag) - tag - 1);
+    TestPlace exact;
+    TestPlace any;
+    ForEachText(test_, [&](const TestPlace& place, const QString& text) {
+        if (exact == TestPlace() && !opening.isEmpty() && text.contains(opening, Qt::CaseInsensitive))
+            exact = place;
+        if (any == TestPlace() && text.contains(u'['))
+            any = place;
+    });
+    return exact == TestPlace() ? any : exact;
+}
+
+void SavingChecker::AddWhatTheDocumentTells() {
+    const size_t own = findings_.size();
+    for (Finding& finding : CheckDocument(WithAnswersAsRead(test_))) {
+        const auto end = findings_.begin() + static_cast<std::ptrdiff_t>(own);
+        const bool known = finding.Provisional && std::any_of(findings_.begin(), end, [&](const Finding& exact) {
+                               return exact.Place == finding.Place;
+                           });
+        if (!known)
+            findings_.push_back(std::move(finding));
+    }
+}
+
+/// Brings the findings into the order of the file.
+void SavingChecker::Sort() {
+    const auto key = [](const Finding& finding) {
+        const TestPlace& place = finding.Place;
+        const int kind = place.What == TestPlace::SubscaleRange ? TestPlace::Subscale
+                         : place.What == TestPlace::Answer      ? TestPlace::Question
+                                                                : place.What;
+        const int index = place.What == TestPlace::TotalRange ? 0 : place.Index;
+        return std::tuple(kind, index, place.SubIndex);
+    };
+    std::stable_sort(findings_.begin(), findings_.end(),
+                     [&](const Finding& a, const Finding& b) { return key(a) < key(b); });
+}
+
+} // namespace
+
+std::vector<Finding> CheckForSaving(const TestDocument& test, int* lengthWhenRead) {
+    return SavingChecker(test).Run(lengthWhenRead);
+}
