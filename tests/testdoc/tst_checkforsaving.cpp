@@ -152,10 +152,11 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
         "error introduction: a file with this can't be opened again: I can't find the [/TEMPLATE] tag\n");
     row(
         "question in a text", [=](auto& t) { t.TestCompletionMessage = text("[Q]more[/Q]"); },
-        "warning completion message: the text contains a square bracket, which the reader may take for a tag\nwarning "
-        "question 1: 'Question 1?' is read back as 'more'\nwarning question 1: the sub-scale 1 is read back as "
-        "0\nwarning question 1: the test has 2 answers, and 0 are read back\nwarning question 1: the test has 4 "
-        "questions, and 5 are read back\n");
+        "warning completion message: the text contains a square bracket, which the reader may take for a tag\n"
+        "warning question 1: 'Question 1?' is read back as 'more'\n"
+        "warning question 1: the sub-scale 1 is read back as 0\n"
+        "warning question 1: the test has 4 questions, and 5 are read back\n"
+        "warning question 1, answer 1: the test has 2 answers, and 0 are read back\n");
     row(
         "nameless sub-scale ends the list",
         [=](auto& t) {
@@ -252,7 +253,9 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold() {
     QFETCH(Change, change);
     TestDocument test = Sound();
     change(test);
-    QTEST(Words(CheckForSaving(test)), "findings");
+    const QString words = Words(CheckForSaving(test));
+    QFETCH(QString, findings);
+    QVERIFY2(words == findings, qPrintable(words));
 }
 
 void tst_checkforsaving::CheckForSaving_SeveralFlaws_AllComeToLight() {

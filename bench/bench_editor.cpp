@@ -1,0 +1,105 @@
+// Saving a test, and checking it in a pause of typing. The files are made anew in a temporary folder.
+
+#include "testdoc/TestInMemoryChecker.h"
+#include "testdoc/TestWriter.h"
+
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+namespace {
+
+/// The most that the editor lets a test have: 500 questions, 200 of them with 10 answers of their own and the others
+/// with the template's, and 50 sub-scales of 50 ranges. Values run from 0 to largest.
+TestDocument FullestTest(int largest) {
+    TestDocument test;
+    test.TestTitle = QStringLiteral("Bench");
+    test.SubscaleCount = MaxSubscales;
+    for (int s = 1; s <= MaxSubscales; ++s) {
+        test.SubscaleName(s) = QStringLiteral("Scale %1").arg(s);
+        test.SubscaleRangeCount(s) = MaxRanges;
+        for (int r = 1; r <= MaxRanges; ++r) {
+            test.SubscaleRangeLow(s, r) = Value(QString::number(largest * (r - 1) / 5));
+            test.SubscaleRangeHigh(s, r) = Value(QString::number(largest * r / 5 - 1));
+            test.SubscaleRangeText(s, r) = QStringLiteral("Text %1").arg(r);
+        }
+    }
+    test.TemplateAnswerCount = MaxAnswers;
+    for (int i = 1; i <= MaxAnswers; ++i) {
+        test.TemplateAnswerText(i) = QStringLiteral("Answer %1").arg(i);
+        test.TemplateAnswerValue(i) = largest * i / MaxAnswers;
+    }
+    test.QuestionCount = MaxQuestions;
+    for (int q = 1; q <= MaxQuestions; ++q) {
+        test.QuestionText(q) = QStringLiteral("Question %1?").arg(q);
+        test.QuestionSubscale(q) = (q - 1) % MaxSubscales + 1;
+        if (q > MaxQuestionsWithAnswers)
+            continue;
+        test.QuestionType(q) = Multichoice;
+        test.AnswerCount(q) = MaxAnswers;
+        for (int a = 1; a <= MaxAnswers; ++a) {
+            test.AnswerText(q, a) = QStringLiteral("a%1").arg(a);
+            test.AnswerValue(q, a) = largest * a / MaxAnswers;
+        }
+    }
+    return test;
+}
+
+/// A test that is exactly as long as one may be.
+TestDocument LongestTest() {
+    TestDocument test = FullestTest(10);
+    test.SubscaleCount = 0;
+    for (int q = 101; q <= MaxQuestions; ++q)
+        test.QuestionType(q) = TypeUnset;
+    for (int q = 1; q <= MaxQuestions; ++q)
+        test.QuestionSubscale(q) = 0;
+    const int missing = MaxTestFileLength - LengthWhenRead(WriteTest(test).Text) -
+                        static_cast<int>(sizeof "[INTRODUCTION][/INTRODUCTION]" - 1);
+    if (missing <= 0)
+        std::abort();
+    test.TestIntroduction = QString(missing, u'x');
+    return test;
+}
+
+void SaveTheLongestTest(benchmark::State& state) {
+    const QTemporaryDir folder;
+    TestDocument test = LongestTest();
+    test.TestFileName = folder.filePath(QStringLiteral("Bench.vlm"));
+    for (auto _ : state)
+        if (!SaveTestFile(test).OpensAgain)
+            std::abort();
+}
+BENCHMARK(SaveTheLongestTest)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void WriteTheText(benchmark::State& state) {
+    const TestDocument test = state.range(0) == 0 ? LongestTest() : FullestTest(10);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(WriteTest(test).Text);
+}
+BENCHMARK(WriteTheText)->ArgName("fullest")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+void CheckInAPauseOfTyping(benchmark::State& state) {
+    const TestDocument test = FullestTest(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CheckForSaving(test));
+    state.counters["findings"] = static_cast<double>(CheckForSaving(test).size());
+}
+BENCHMARK(CheckInAPauseOfTyping)->ArgName("largest value")->Arg(10)->Arg(100)->Arg(130)->Unit(benchmark::kMillisecond);
+
+/// Every range overlaps every other of its scale, as when many are copied and none is changed yet.
+void CheckManyFindings(benchmark::State& state) {
+    TestDocument test = FullestTest(10);
+    for (int s = 1; s <= MaxSubscales; ++s)
+        for (int r = 1; r <= MaxRanges; ++r)
+            test.SubscaleRangeLow(s, r) = test.SubscaleRangeHigh(s, r) = 1;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CheckForSaving(test));
+    state.counters["findings"] = static_cast<double>(CheckForSaving(test).size());
+}
+BENCHMARK(CheckManyFindings)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
