@@ -16,9 +16,12 @@
 
 namespace {
 
-const QList<HelpTopic> Topics = {HelpTopic::StartScreen,  HelpTopic::TestWindow,  HelpTopic::Names,
-                                 HelpTopic::AutoReport,   HelpTopic::TestOptions, HelpTopic::GeneralOptions,
-                                 HelpTopic::ReportEditor, HelpTopic::About};
+const QList<HelpTopic> Topics = {HelpTopic::StartScreen,      HelpTopic::TestWindow,      HelpTopic::Names,
+                                 HelpTopic::AutoReport,       HelpTopic::TestOptions,     HelpTopic::GeneralOptions,
+                                 HelpTopic::ReportEditor,     HelpTopic::About,           HelpTopic::Editor,
+                                 HelpTopic::EditorAboutTest,  HelpTopic::EditorSubscales, HelpTopic::EditorTemplate,
+                                 HelpTopic::EditorQuestions,  HelpTopic::EditorAnalysis,  HelpTopic::EditorOptions,
+                                 HelpTopic::EditorAutomation, HelpTopic::EditorExport};
 
 QString PageText(const QString& page) {
     QFile file(QStringLiteral(":/help/") + page);
