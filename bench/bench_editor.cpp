@@ -88,6 +88,14 @@ void CheckInAPauseOfTyping(benchmark::State& state) {
 }
 BENCHMARK(CheckInAPauseOfTyping)->ArgName("largest value")->Arg(10)->Arg(100)->Arg(130)->Unit(benchmark::kMillisecond);
 
+/// The same with everything read back, which is done while the test isn't too long for it.
+void CheckTheLongestTest(benchmark::State& state) {
+    const TestDocument test = LongestTest();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CheckForSaving(test));
+}
+BENCHMARK(CheckTheLongestTest)->Unit(benchmark::kMillisecond);
+
 /// Every range overlaps every other of its scale, as when many are copied and none is changed yet.
 void CheckManyFindings(benchmark::State& state) {
     TestDocument test = FullestTest(10);

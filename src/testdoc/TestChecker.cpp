@@ -10,6 +10,9 @@
 
 namespace {
 
+/// A range that overlaps more of the others is told once.
+constexpr size_t MostOverlapsTold = 3;
+
 /// What becomes of a text in a generated page.
 enum class PageUse { Markup, Attribute, Script };
 
@@ -221,15 +224,24 @@ void DocumentChecker::CheckRange(const Range& range, const ScaleScores& scores) 
 }
 
 void DocumentChecker::CheckOverlaps(const std::vector<Range>& ranges) {
-    for (size_t later = 1; later < ranges.size(); ++later)
-        for (size_t earlier = 0; earlier < later; ++earlier) {
-            const qint64 low = std::max(ranges[earlier].Low, ranges[later].Low);
-            const qint64 high = std::min(ranges[earlier].High, ranges[later].High);
-            if (low <= high)
-                Warn(ranges[later].Place, QStringLiteral("the range overlaps range %1: the score %2 brings both texts")
-                                              .arg(ranges[earlier].Place.SubIndex)
-                                              .arg(Span(low, high)));
+    for (size_t later = 1; later < ranges.size(); ++later) {
+        std::vector<const Range*> overlapped;
+        for (size_t earlier = 0; earlier < later; ++earlier)
+            if (std::max(ranges[earlier].Low, ranges[later].Low) <= std::min(ranges[earlier].High, ranges[later].High))
+                overlapped.push_back(&ranges[earlier]);
+        // Where a range is copied again and again, every one overlaps all of the others.
+        const size_t told = overlapped.size() > MostOverlapsTold ? 1 : overlapped.size();
+        for (size_t i = 0; i < told; ++i) {
+            const Range& earlier = *overlapped[i];
+            QString text =
+                QStringLiteral("the range overlaps range %1: the score %2 brings both texts")
+                    .arg(earlier.Place.SubIndex)
+                    .arg(Span(std::max(earlier.Low, ranges[later].Low), std::min(earlier.High, ranges[later].High)));
+            if (told < overlapped.size())
+                text += QStringLiteral("; it overlaps %1 more ranges").arg(overlapped.size() - told);
+            Warn(ranges[later].Place, text);
         }
+    }
 }
 
 void DocumentChecker::CheckGaps(int s, std::vector<Range> ranges, const ScaleScores& scores) {

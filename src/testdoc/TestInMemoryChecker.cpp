@@ -12,9 +12,6 @@ namespace {
 
 /// From here on a test is told that it is nearly full.
 constexpr int NearlyFull = 30000;
-/// A text so much longer than a test may be isn't read back any more: there is no hurry to know its other flaws.
-constexpr int LongestReadBack = 4 * MaxTestFileLength;
-
 int OwnAnswers(const TestDocument& test, int q) {
     return q <= MaxQuestionsWithAnswers && test.QuestionType(q) == Multichoice ? test.AnswerCount(q) : 0;
 }
@@ -64,7 +61,8 @@ class SavingChecker {
         const WrittenTest written = WriteTest(test_);
         const int length = LengthWhenRead(written.Text);
         CheckLength(length);
-        if (length <= LongestReadBack)
+        // A longer one can't be opened at all, and what else there is comes to light as soon as it is short enough.
+        if (length <= MaxTestFileLength)
             CheckReadBack(mended_ ? WriteTest(probe_) : written);
         AddWhatTheDocumentTells();
         Sort();

@@ -40,7 +40,7 @@ class Writer {
     }
 
   private:
-    void Line(const QString& text) { text_ += text + LineBreak; }
+    void Line(const QString& text) { text_.append(text).append(LineBreak); }
 
     /// Nothing for an empty content.
     void Element(QLatin1StringView name, const QString& content, bool emptyLineFollows) {

@@ -59,6 +59,9 @@ class tst_checker : public QObject {
             "range 2 of the total @2:28 no score can reach the range 1");
         row("overlap", total("[SIG]0 to 1 =a[/SIG]\r\n[SIG]1 to 2 =b[/SIG]"),
             "range 2 of the total @3:1 the range overlaps range 1: the score 1 brings both texts");
+        row("overlap of many", total(QByteArray("[SIG]1 to 2 =a[/SIG]").repeated(5)),
+            "range 5 of the total @2:88 the range overlaps range 1: the score 1 to 2 brings both texts; it overlaps 3 "
+            "more ranges");
         row("gap", total("[SIG]0 to 0 =a[/SIG][SIG]2 to 2 =b[/SIG]"),
             "there is a gap: no range of the total covers the score 1 (no score is there just now)");
         row("gap above", total("[SIG]0 to 1 =a[/SIG]"), "there is a gap: no range of the total covers the score 2\n");
