@@ -2,11 +2,13 @@
 #include "editor/ui/AutomationTab.h"
 #include "editor/ui/ExportTab.h"
 #include "editor/ui/OptionsTab.h"
+#include "platform/ui/ScrollingPage.h"
 #include "support/WindowDriver.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -65,9 +67,6 @@ QList<int> SetOptions(const TestDocument& test) {
     return options;
 }
 
-const QStringList PageClasses{QStringLiteral("OptionsTab"), QStringLiteral("AutomationTab"),
-                              QStringLiteral("ExportTab")};
-
 /// A text box, its caption and the field behind it.
 struct Field {
     QString Box;
@@ -109,6 +108,8 @@ class tst_optiontabs : public QObject {
     void Directory_Asked_TakesTheAnswer();
     void ExportHtml_Clicked_IsWanted();
     void GoTo_Any_PutsTheFocusOnThePage();
+    void Options_Width_DecidesThePairs_data();
+    void Options_Width_DecidesThePairs();
     void Checks_WithoutPages_GoAway();
 };
 
@@ -355,6 +356,27 @@ void tst_optiontabs::GoTo_Any_PutsTheFocusOnThePage() {
         page->GoTo({});
         QVERIFY(page->isAncestorOf(pages.window->focusWidget()));
     }
+}
+
+void tst_optiontabs::Options_Width_DecidesThePairs_data() {
+    QTest::addColumn<int>("width");
+    QTest::addColumn<bool>("pairs");
+    QTest::newRow("wide") << 1000 << true;
+    QTest::newRow("narrow") << 480 << false;
+}
+
+void tst_optiontabs::Options_Width_DecidesThePairs() {
+    QFETCH(int, width);
+    Pages pages;
+    EditorOptionChecks checks(pages.Test);
+    ScrollingPage page(new OptionsTab(pages.Parts(), checks));
+    page.resize(1000, 600);
+    ShowAndActivate(page);
+    page.resize(width, 600);
+    QTRY_COMPARE(page.width(), width);
+    QTRY_VERIFY(!page.horizontalScrollBar()->isVisible());
+    const auto topOf = [&checks, &page](int i) { return checks.Box(i)->mapTo(&page, QPoint()).y(); };
+    QTEST(topOf(ReportTitle) == topOf(ReportMultichoiceAnswers), "pairs");
 }
 
 void tst_optiontabs::Checks_WithoutPages_GoAway() {

@@ -145,6 +145,8 @@ class tst_scaletabs : public QObject {
     void SubscaleAdd_Name_IsChosenWithoutRanges();
     void SubscaleAdd_Full_SaysSo();
     void SubscaleEdit_Name_RenamesTheChosenOne();
+    void SubscaleEdit_OddNames_AreKept_data();
+    void SubscaleEdit_OddNames_AreKept();
     void SubscaleDelete_Second_MovesTheQuestions();
     void SubscaleDelete_OnlyOne_LeavesNoneToEdit();
     void SubscaleRangeAdd_Boxes_AreStoredAndEmptied();
@@ -311,6 +313,25 @@ void tst_scaletabs::SubscaleEdit_Name_RenamesTheChosenOne() {
     QCOMPARE(tab.List("ListSubScale").Chosen(), 1);
     QCOMPARE(tab.Ranges(), RangesOfMood);
     QCOMPARE(tab.Signals(), Counts(1, 1));
+}
+
+void tst_scaletabs::SubscaleEdit_OddNames_AreKept_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("line break") << "two\r\nlines";
+    QTest::newRow("brackets") << "[v=3] <P> [/Q]";
+    QTest::newRow("blanks around") << "  Mood ";
+    QTest::newRow("40,000 letters") << QString(40000, u'x');
+}
+
+void tst_scaletabs::SubscaleEdit_OddNames_AreKept() {
+    QFETCH(QString, name);
+    Subscales tab;
+    tab.Test.SubscaleName(1) = name;
+    tab.Open();
+    tab.Pick("ListSubScale", 1);
+    tab.Push("CmdSubScaleAdd", 4);
+    QCOMPARE(tab.Test.SubscaleName(1), name);
+    QCOMPARE(tab.Names()[0], name);
 }
 
 void tst_scaletabs::SubscaleDelete_Second_MovesTheQuestions() {

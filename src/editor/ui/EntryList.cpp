@@ -1,5 +1,7 @@
 #include "editor/ui/EntryList.h"
 
+#include "platform/ui/Typography.h"
+
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -8,6 +10,7 @@ namespace {
 
 /// More letters than any line shows, and few enough to be measured while someone waits.
 constexpr int LettersOfALine = 500;
+constexpr int LineGap = GridUnit / 2;
 
 /// Draws an entry as one line, whatever breaks are in it, and the chosen one as if the list had the focus.
 class OneLine : public QStyledItemDelegate {
@@ -16,6 +19,9 @@ class OneLine : public QStyledItemDelegate {
 
     QString displayText(const QVariant& value, const QLocale&) const override {
         return value.toString().left(LettersOfALine).simplified();
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() + LineGap};
     }
 
   protected:
@@ -32,8 +38,7 @@ EntryList::EntryList(int visibleLines, QWidget* parent) : QListWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMinimumHeight(visibleLines * (fontMetrics().height() + 4) + 2 * frameWidth());
-    setMinimumWidth(0);
+    setMinimumHeight(visibleLines * (fontMetrics().height() + LineGap) + 2 * frameWidth());
     connect(this, &QListWidget::itemSelectionChanged, this, &EntryList::ChoiceChanged);
 }
 

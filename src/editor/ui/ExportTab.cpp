@@ -39,13 +39,13 @@ QGroupBox* ExportTab::MakeDirectoriesFrame() {
                      MakeDirectoryButton(Parts(), txtautosavedirectory1_, QStringLiteral("Command3_1"))));
 }
 
-QFrame* ExportTab::MakeHtmlFrame() {
-    auto* frame = new QFrame;
-    frame->setFrameShape(QFrame::StyledPanel);
+QGroupBox* ExportTab::MakeHtmlFrame() {
+    auto* frame = new QGroupBox;
     auto* line = new QHBoxLayout(frame);
     SetRoom(*line, 2, 1);
     CmdSaveHtml_ = Named(new QPushButton(QStringLiteral("Save Test As WWW Page")), QStringLiteral("CmdSaveHtml"));
     CmdSaveHtml_->setAutoDefault(false);
+    CmdSaveHtml_->setMinimumWidth(CmdSaveHtml_->sizeHint().width() + 2 * GridUnit);
     connect(CmdSaveHtml_, &QPushButton::clicked, this, &ExportTab::ExportHtmlWanted);
     line->addWidget(CmdSaveHtml_);
     line->addStretch(1);

@@ -25,7 +25,7 @@ class ExportTab : public EditorTab {
   private:
     QGroupBox* MakeFileNameFrame();
     QGroupBox* MakeDirectoriesFrame();
-    QFrame* MakeHtmlFrame();
+    QGroupBox* MakeHtmlFrame();
 
     EditorOptionChecks& ChkReportOptions_;
     FieldBox* txtautosavedirectory1_ = nullptr;

@@ -1,9 +1,10 @@
 #include "editor/ui/OptionsTab.h"
 
+#include "editor/ui/FramePairs.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
-#include <QGridLayout>
+#include <QVBoxLayout>
 
 OptionsTab::OptionsTab(const EditorParts& parts, EditorOptionChecks& checks)
     : EditorTab(parts), ChkReportOptions_(checks) {
@@ -17,14 +18,13 @@ OptionsTab::OptionsTab(const EditorParts& parts, EditorOptionChecks& checks)
 
 QGroupBox* OptionsTab::MakeReportOptions() {
     auto* group = new QGroupBox(QStringLiteral("Report Options"));
-    auto* grid = new QGridLayout(group);
-    SetRoom(*grid, 2, 2);
-    grid->addWidget(ChkReportOptions_.MakeFrame(EditorOptionFrame::General), 0, 0);
-    grid->addWidget(ChkReportOptions_.MakeFrame(EditorOptionFrame::Questions), 0, 1);
-    grid->addWidget(ChkReportOptions_.MakeFrame(EditorOptionFrame::Scoring), 1, 0);
-    grid->addWidget(ChkReportOptions_.MakeFrame(EditorOptionFrame::Prompts), 1, 1);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
+    auto* column = new QVBoxLayout(group);
+    SetRoom(*column, 2, 2);
+    QList<QGroupBox*> frames;
+    for (const auto frame : {EditorOptionFrame::General, EditorOptionFrame::Questions, EditorOptionFrame::Scoring,
+                             EditorOptionFrame::Prompts})
+        frames.append(ChkReportOptions_.MakeFrame(frame));
+    column->addWidget(new FramePairs(frames));
     return group;
 }
 

@@ -44,7 +44,7 @@ QGroupBox* MakeRangeFrame(const QString& caption, const RangeControls& controls)
     grid->addLayout(MakeBounds(controls), 0, 1);
     grid->addWidget(MakeLabel(controls.TextCaption, controls.Text), 1, 0, Qt::AlignTop);
     controls.Text->setAccessibleName(controls.TextCaption.trimmed());
-    controls.Text->setMaximumHeight(controls.Text->minimumHeight());
+    controls.Text->setFixedHeight(controls.Text->minimumHeight() + GridUnit / 2);
     grid->addWidget(controls.Text, 1, 1);
 
     auto* buttons = new QHBoxLayout;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int VisibleLines = 5;
+constexpr int VisibleLines = 4;
 constexpr int TextLines = 2;
 
 /// A box that never cuts what is pasted.
@@ -26,8 +26,8 @@ SubscalesTab::SubscalesTab(const EditorParts& parts) : EditorTab(parts) {
     MakeControls();
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 2, 2);
-    column->addWidget(MakeNameFrame(), 1);
-    column->addWidget(MakeAnalysisFrame(), 1);
+    column->addWidget(MakeNameFrame(), 2);
+    column->addWidget(MakeAnalysisFrame(), 3);
     RefreshFromTest();
 }
 
