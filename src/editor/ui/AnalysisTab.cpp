@@ -14,7 +14,8 @@ constexpr int TextLines = 3;
 
 } // namespace
 
-AnalysisTab::AnalysisTab(const EditorParts& parts) : EditorTab(parts) {
+AnalysisTab::AnalysisTab(const EditorParts& parts)
+    : EditorTab(parts), CmdTotalAdd_(QStringLiteral("CmdTotalAdd"), [this](int index) { CmdTotalAdd_Click(index); }) {
     MakeControls();
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 2, 2);
@@ -24,7 +25,7 @@ AnalysisTab::AnalysisTab(const EditorParts& parts) : EditorTab(parts) {
                                       txtTotLow_,
                                       txtTotHigh_,
                                       txtTotText_,
-                                      {CmdTotalAdd_[Add], CmdTotalAdd_[Edit], CmdTotalAdd_[Delete]},
+                                      {CmdTotalAdd_(Add), CmdTotalAdd_(Edit), CmdTotalAdd_(Delete)},
                                       ListTotalAnalysis_}));
     RefreshFromTest();
 }
@@ -34,12 +35,9 @@ void AnalysisTab::MakeControls() {
     txtTotHigh_ = Named(new NumberBox(Parts().Boxes), QStringLiteral("txtTotHigh"));
     txtTotText_ = Named(new TextBox(TextBox::Form::OneParagraph, TextLines), QStringLiteral("txtTotText"));
     ListTotalAnalysis_ = Named(new EntryList(VisibleLines), QStringLiteral("ListTotalAnalysis"));
-    const std::array<QString, 3> captions = {QStringLiteral("Add"), QStringLiteral("Delete"), QStringLiteral("Edit")};
-    for (size_t i = 0; i < captions.size(); ++i) {
-        CmdTotalAdd_[i] =
-            MakeActionButton(captions[i], QStringLiteral("range"), QStringLiteral("CmdTotalAdd_%1").arg(i));
-        connect(CmdTotalAdd_[i], &QPushButton::clicked, this, [this, i] { CmdTotalAdd_Click(static_cast<int>(i)); });
-    }
+    const QStringList captions{QStringLiteral("Add"), QStringLiteral("Delete"), QStringLiteral("Edit")};
+    for (int i = 0; i < captions.size(); ++i)
+        CmdTotalAdd_.Make(i, captions[i], captions[i] + QStringLiteral(" range"));
     connect(txtTotLow_, &QLineEdit::textChanged, this, &AnalysisTab::EnableButtons);
     connect(txtTotHigh_, &QLineEdit::textChanged, this, &AnalysisTab::EnableButtons);
     connect(txtTotText_, &TextBox::Edited, this, &AnalysisTab::EnableButtons);
@@ -105,7 +103,7 @@ void AnalysisTab::ShowRanges() {
 void AnalysisTab::EnableButtons() {
     const bool range = ListTotalAnalysis_->Chosen() > 0;
     const bool complete = !txtTotText_->document()->isEmpty() && txtTotLow_->Number() && txtTotHigh_->Number();
-    CmdTotalAdd_[Add]->setEnabled(complete);
-    CmdTotalAdd_[Edit]->setEnabled(complete && range);
-    CmdTotalAdd_[Delete]->setEnabled(range);
+    CmdTotalAdd_(Add)->setEnabled(complete);
+    CmdTotalAdd_(Edit)->setEnabled(complete && range);
+    CmdTotalAdd_(Delete)->setEnabled(range);
 }

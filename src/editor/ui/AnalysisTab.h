@@ -1,13 +1,10 @@
 #pragma once
 
+#include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
 #include "editor/ui/EntryList.h"
 #include "editor/ui/NumberBox.h"
 #include "editor/ui/TextBox.h"
-
-#include <QPushButton>
-
-#include <array>
 
 /// The page "Analysis": the ranges of the total score.
 class AnalysisTab : public EditorTab {
@@ -34,5 +31,5 @@ class AnalysisTab : public EditorTab {
     NumberBox* txtTotHigh_ = nullptr;
     TextBox* txtTotText_ = nullptr;
     EntryList* ListTotalAnalysis_ = nullptr;
-    std::array<QPushButton*, 3> CmdTotalAdd_{};
+    ButtonArray CmdTotalAdd_;
 };

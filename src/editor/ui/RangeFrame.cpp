@@ -1,6 +1,5 @@
 #include "editor/ui/RangeFrame.h"
 
-#include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
 #include <QGridLayout>
@@ -58,13 +57,6 @@ QGroupBox* MakeRangeFrame(const QString& caption, const RangeControls& controls)
     grid->addWidget(controls.Ranges, 3, 0, 1, 2);
     grid->setRowStretch(3, 1);
     return frame;
-}
-
-QPushButton* MakeActionButton(const QString& caption, const QString& what, const QString& name) {
-    auto* button = Named(new QPushButton(caption), name);
-    button->setAccessibleName(caption + u' ' + what);
-    button->setAutoDefault(false);
-    return button;
 }
 
 void FocusToTypeOver(QLineEdit& box) {

@@ -21,8 +21,5 @@ struct RangeControls {
 /// Lays them out in a frame, in the order in which they are used, and names them for a screen reader.
 QGroupBox* MakeRangeFrame(const QString& caption, const RangeControls& controls);
 
-/// A button of an action with a list: its caption is short, its name for a screen reader says what it acts on.
-QPushButton* MakeActionButton(const QString& caption, const QString& what, const QString& name);
-
 /// The box with everything in it selected, ready to be typed over.
 void FocusToTypeOver(QLineEdit& box);

@@ -22,7 +22,9 @@ QLineEdit* MakeBox(const QString& name) {
 
 } // namespace
 
-SubscalesTab::SubscalesTab(const EditorParts& parts) : EditorTab(parts) {
+SubscalesTab::SubscalesTab(const EditorParts& parts)
+    : EditorTab(parts),
+      CmdSubScaleAdd_(QStringLiteral("CmdSubScaleAdd"), [this](int index) { CmdSubScaleAdd_Click(index); }) {
     MakeControls();
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 2, 2);
@@ -42,14 +44,11 @@ void SubscalesTab::MakeControls() {
     const QString add = QStringLiteral("Add");
     const QString remove = QStringLiteral("Delete");
     const QString edit = QStringLiteral("Edit");
-    const std::array<QString, 7> captions = {add, remove, add, remove, edit, edit, QStringLiteral("Clear")};
-    for (size_t i = 0; i < captions.size(); ++i) {
+    const QStringList captions{add, remove, add, remove, edit, edit, QStringLiteral("Clear")};
+    for (int i = 0; i < captions.size(); ++i) {
         const bool ofNames = i == Add || i == Delete || i == Edit;
-        CmdSubScaleAdd_[i] =
-            MakeActionButton(captions[i], ofNames ? QStringLiteral("sub-scale") : QStringLiteral("range"),
-                             QStringLiteral("CmdSubScaleAdd_%1").arg(i));
-        connect(CmdSubScaleAdd_[i], &QPushButton::clicked, this,
-                [this, i] { CmdSubScaleAdd_Click(static_cast<int>(i)); });
+        const QString what = ofNames ? QStringLiteral(" sub-scale") : QStringLiteral(" range");
+        CmdSubScaleAdd_.Make(i, captions[i], captions[i] + what);
     }
     for (const QLineEdit* box : {txtSubScale_, txtSubScaleSigLow_, txtSubScaleSigHigh_})
         connect(box, &QLineEdit::textChanged, this, &SubscalesTab::EnableButtons);
@@ -68,7 +67,7 @@ QGroupBox* SubscalesTab::MakeNameFrame() {
     int place = 0;
     grid->addWidget(txtSubScale_, 0, place);
     for (const Action action : {Add, Edit, Delete})
-        grid->addWidget(CmdSubScaleAdd_[action], 0, ++place);
+        grid->addWidget(CmdSubScaleAdd_(action), 0, ++place);
     grid->addWidget(ListSubScale_, 1, 0, 1, place + 1);
     grid->setRowStretch(1, 1);
     return frame;
@@ -81,8 +80,8 @@ QGroupBox* SubscalesTab::MakeAnalysisFrame() {
                            txtSubScaleSigLow_,
                            txtSubScaleSigHigh_,
                            txtSubScaleSig_,
-                           {CmdSubScaleAdd_[AddRange], CmdSubScaleAdd_[EditRange], CmdSubScaleAdd_[DeleteRange],
-                            CmdSubScaleAdd_[ClearRange]},
+                           {CmdSubScaleAdd_(AddRange), CmdSubScaleAdd_(EditRange), CmdSubScaleAdd_(DeleteRange),
+                            CmdSubScaleAdd_(ClearRange)},
                            ListSubScaleSig_});
 }
 
@@ -204,17 +203,17 @@ void SubscalesTab::ShowRanges() {
 void SubscalesTab::EnableButtons() {
     const bool subscale = ListSubScale_->Chosen() > 0;
     const bool name = !txtSubScale_->text().isEmpty();
-    CmdSubScaleAdd_[Add]->setEnabled(name);
-    CmdSubScaleAdd_[Edit]->setEnabled(name && subscale);
-    CmdSubScaleAdd_[Delete]->setEnabled(subscale);
+    CmdSubScaleAdd_(Add)->setEnabled(name);
+    CmdSubScaleAdd_(Edit)->setEnabled(name && subscale);
+    CmdSubScaleAdd_(Delete)->setEnabled(subscale);
 
     const bool range = ListSubScaleSig_->Chosen() > 0;
     const int filled = !txtSubScaleSigLow_->text().isEmpty() + !txtSubScaleSigHigh_->text().isEmpty() +
                        !txtSubScaleSig_->document()->isEmpty();
-    CmdSubScaleAdd_[AddRange]->setEnabled(subscale && filled == 3);
-    CmdSubScaleAdd_[EditRange]->setEnabled(subscale && range && filled == 3);
-    CmdSubScaleAdd_[DeleteRange]->setEnabled(range);
-    CmdSubScaleAdd_[ClearRange]->setEnabled(filled > 0);
+    CmdSubScaleAdd_(AddRange)->setEnabled(subscale && filled == 3);
+    CmdSubScaleAdd_(EditRange)->setEnabled(subscale && range && filled == 3);
+    CmdSubScaleAdd_(DeleteRange)->setEnabled(range);
+    CmdSubScaleAdd_(ClearRange)->setEnabled(filled > 0);
 }
 
 RangeBoxes SubscalesTab::TypedRange() const {

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "editor/SubscaleEdits.h"
+#include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
 #include "editor/ui/EntryList.h"
 #include "editor/ui/TextBox.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPushButton>
-
-#include <array>
 
 /// The page "Sub-Scales": the sub-scales and, for each, the ranges of its score.
 class SubscalesTab : public EditorTab {
@@ -48,7 +46,7 @@ class SubscalesTab : public EditorTab {
 
     QLineEdit* txtSubScale_ = nullptr;
     EntryList* ListSubScale_ = nullptr;
-    std::array<QPushButton*, 7> CmdSubScaleAdd_{};
+    ButtonArray CmdSubScaleAdd_;
     QLineEdit* txtSubScaleSigLow_ = nullptr;
     QLineEdit* txtSubScaleSigHigh_ = nullptr;
     TextBox* txtSubScaleSig_ = nullptr;
