@@ -18,7 +18,9 @@ void SegmentButton::paintEvent(QPaintEvent*) {
     line.setAlphaF(0.35F);
 
     QPainter painter(this);
-    const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    // One line between two of them: the left one's.
+    const qreal left = pos().x() > 0 ? -0.5 : 0.5;
+    const QRectF area = QRectF(rect()).adjusted(left, 0.5, -0.5, -0.5);
     painter.fillRect(area, colours.color(isChecked() ? QPalette::Highlight : QPalette::Button));
     painter.setPen(line);
     painter.drawRect(area);

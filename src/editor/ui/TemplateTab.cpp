@@ -47,7 +47,9 @@ TemplateTab::TemplateTab(const EditorParts& parts)
 }
 
 QWidget* TemplateTab::MakeBoxes() {
-    txtTemplate_ = Named(new TextBox(TextBox::Form::OneParagraph, 2), QStringLiteral("txtTemplate"));
+    txtTemplate_ = Named(new TextBox(TextBox::Form::OneParagraph, 3), QStringLiteral("txtTemplate"));
+    // The room is the list's.
+    txtTemplate_->setFixedHeight(txtTemplate_->minimumHeight());
     connect(txtTemplate_, &TextBox::Edited, this, &TemplateTab::UpdateButtons);
     txtValueTemplate_ = Named(new NumberBox(Parts().Boxes), QStringLiteral("txtValueTemplate"));
     txtValueTemplate_->setFixedWidth(14 * GridUnit);
