@@ -364,6 +364,14 @@ class tst_questionstab : public QObject {
         QCOMPARE(page.Types(), u"3"_s);
     }
 
+    void Types_ChosenAlready_TypedAnswerStays() {
+        Page page(OneQuestion);
+        page.Show(1);
+        page.Write(u"txtanswer"_s, u"typed"_s);
+        page.ClickOn(Page::TypeButton(1));
+        QCOMPARE(page.AnswerBoxes(), u"typed=1"_s);
+    }
+
     void Types_TemplateTakenAway_StillShownAndReachable() {
         Page page(Mood);
         page.Show(2);
