@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <set>
+
 namespace {
 
 CheckedTest Checked(const QByteArray& bytes) {
@@ -33,11 +35,13 @@ class tst_checker : public QObject {
   private Q_SLOTS:
     void CheckTestFile_CleanTest_FindsNothing() {
         const CheckedTest checked = Checked(
-            Title + "\r\n[INTRODUCTION]One.<P>Two.[/INTRODUCTION]\r\n[SUBSCALES]\r\n[S]Energy\r\n[SIG]0 to 1 =low[/SIG]\r\n"
-                    "[SIG]2 to 2 =high[/SIG]\r\n[/S]\r\n[/SUBSCALES]\r\n[TOTAL]\r\n[SIG]0 to 4 =x[/SIG]\r\n[/TOTAL]\r\n"
-                    "[Q]a\r\n[A]No[v=0][/A]\r\n[A]Yes[v=2][/A]\r\n[SS=1]\r\n[/Q]\r\n" +
-            Question + "[Q]c\r\n[QT]2[/QT]\r\n[/Q]\r\n[REPORT TITLE]\r\n[NAVIGATION BUTTONS]\r\n"
-                       "[REPORT DIR]C:\\x[/REPORT DIR][EXCEL DIR]y[/EXCEL DIR]");
+            Title +
+            "\r\n[INTRODUCTION]One.<P>Two.[/INTRODUCTION]\r\n[SUBSCALES]\r\n[S]Energy\r\n[SIG]0 to 1 =low[/SIG]\r\n"
+            "[SIG]2 to 2 =high[/SIG]\r\n[/S]\r\n[/SUBSCALES]\r\n[TOTAL]\r\n[SIG]0 to 4 =x[/SIG]\r\n[/TOTAL]\r\n"
+            "[Q]a\r\n[A]No[v=0][/A]\r\n[A]Yes[v=2][/A]\r\n[SS=1]\r\n[/Q]\r\n" +
+            Question +
+            "[Q]c\r\n[QT]2[/QT]\r\n[/Q]\r\n[REPORT TITLE]\r\n[NAVIGATION BUTTONS]\r\n"
+            "[REPORT DIR]C:\\x[/REPORT DIR][EXCEL DIR]y[/EXCEL DIR]");
         QCOMPARE(Words(checked), QString());
         QCOMPARE(checked.Scales.size(), size_t(2));
         QCOMPARE(checked.Scales[0].Name, QStringLiteral("Energy"));
@@ -52,7 +56,9 @@ class tst_checker : public QObject {
         const auto row = [](const char* name, const QByteArray& content, const char* finding) {
             QTest::newRow(name) << content << QString::fromUtf8(finding);
         };
-        const auto total = [](const QByteArray& ranges) { return Title + "[TOTAL]" + ranges + "[/TOTAL]\r\n" + Question; };
+        const auto total = [](const QByteArray& ranges) {
+            return Title + "[TOTAL]" + ranges + "[/TOTAL]\r\n" + Question;
+        };
         row("unreachable", total("[SIG]0 to 2 =a[/SIG][SIG]3 to 9 =b[/SIG]"),
             "range 2 of the total @2:28 no score can reach the range 3 to 9; the scores run from 0 to 2");
         row("never that score", total("[SIG]0 to 0 =a[/SIG][SIG]1 to 1 =b[/SIG][SIG]2 to 2 =c[/SIG]"),
@@ -85,7 +91,8 @@ class tst_checker : public QObject {
             "question 1 @2:7 the question's text ends here, at a square bracket");
         row("bracket in an answer", Title + "[Q]a[A]x] [v=1][/A][/Q]",
             "question 1, answer 1 @2:5 the text contains a square bracket");
-        row("script end", Title + "[Q]a</script>[A]x[v=1][/A][/Q]", "contains '</script>', which breaks a generated page");
+        row("script end", Title + "[Q]a</script>[A]x[v=1][/A][/Q]",
+            "contains '</script>', which breaks a generated page");
         row("quote in the title", "[TITLE]A \"T\"[/TITLE]" + Question, "title @1:1 the text contains a double quote");
         row("backslash", Title + "[Q]a\\[A]x[v=1][/A][/Q]", "the text contains a backslash");
         row("line break in a question", Title + "[Q]a<P>b[A]x[v=1][/A][/Q]", "the text contains a line break");
@@ -107,7 +114,8 @@ class tst_checker : public QObject {
             "3 sub-scales stand in the file, and 1 are read");
         row("overflow", Title + QByteArray("[Q]a[A]x[v=20000][/A][/Q]").repeated(2),
             "the total score can leave -32768 to 32767");
-        row("client without a name", Title + Question + "[AUTOSAVE REPORT AS CLIENT]", "doesn't ask for the client's name");
+        row("client without a name", Title + Question + "[AUTOSAVE REPORT AS CLIENT]",
+            "doesn't ask for the client's name");
         row("nearly full", Title + "[INTRODUCTION]" + QByteArray(30000, 'x') + "[/INTRODUCTION]" + Question,
             "characters; one with more than 32767 can't be read");
         row("two values", Title + "[Q]a[A]x[v=1][v=2][/A][/Q]", "what stands behind the answer's value is not read");
@@ -125,8 +133,10 @@ class tst_checker : public QObject {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("text");
         QTest::newRow("no questions") << Title << QStringLiteral("The test 'T' has no questions.");
-        QTest::newRow("malformed") << QByteArray("[TITLE]T") << QStringLiteral("I can't find the [/TITLE]tag in the file: ");
-        QTest::newRow("zero byte") << QByteArray("[TITLE]\0[/TITLE]", 16) << QStringLiteral("Can't read the test file '");
+        QTest::newRow("malformed") << QByteArray("[TITLE]T")
+                                   << QStringLiteral("I can't find the [/TITLE]tag in the file: ");
+        QTest::newRow("zero byte") << QByteArray("[TITLE]\0[/TITLE]", 16)
+                                   << QStringLiteral("Can't read the test file '");
         QTest::newRow("too long") << QByteArray(40000, 'x') << QStringLiteral("Can't read the test file '");
     }
     void CheckTestFile_Unusable_IsAnError() {
@@ -138,14 +148,34 @@ class tst_checker : public QObject {
     }
 
     void ReachableScores_UnansweredQuestions_WidenTheScale() {
-        const CheckedTest checked =
-            Checked(Title + QByteArray("[Q]a[A]x[v=1][/A][A]y[v=4][/A][A][v=9][/A][/Q]").repeated(3) +
-                    "[Q]b[QT]2[/QT][/Q]");
+        const CheckedTest checked = Checked(
+            Title + QByteArray("[Q]a[A]x[v=1][/A][A]y[v=4][/A][A][v=9][/A][/Q]").repeated(3) + "[Q]b[QT]2[/QT][/Q]");
         const ScaleReach& total = checked.Scales.back();
         QCOMPARE(total.Lowest, 3);
         QCOMPARE(total.Highest, 12);
         QCOMPARE(total.LowestWithGaps, 0);
         QCOMPARE(total.HighestWithGaps, 12);
+    }
+
+    void ReachableSet_SumsOfManyChoices_AreThoseOfEachWay() {
+        const std::vector<std::vector<int>> questions = {{-7, 30, 64}, {0, 1, 63}, {-128, 5}, {65, 200}, {3, 127, 129}};
+        ReachableSet set;
+        std::set<qint64> sums{0};
+        for (const std::vector<int>& values : questions) {
+            set.Add(values);
+            std::set<qint64> next;
+            for (const qint64 sum : sums)
+                for (const int value : values)
+                    next.insert(sum + value);
+            sums = next;
+        }
+        QCOMPARE(set.Lowest(), *sums.begin());
+        QCOMPARE(set.Highest(), *sums.rbegin());
+        for (qint64 low = set.Lowest() - 2; low <= set.Highest() + 2; ++low) {
+            const auto next = sums.lower_bound(low);
+            for (const qint64 high : {low, low + 1, low + 63, low + 64, low + 150})
+                QCOMPARE(set.Reaches(low, high), next != sums.end() && *next <= high);
+        }
     }
 
     void ReachableSet_SumsOfChoices_AreExact() {
