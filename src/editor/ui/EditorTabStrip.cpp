@@ -1,0 +1,57 @@
+#include "editor/ui/EditorTabStrip.h"
+
+#include <QKeyEvent>
+#include <QStyleOptionTab>
+
+EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabBar(parent) {
+    setExpanding(false);
+    setUsesScrollButtons(true);
+    setElideMode(Qt::ElideNone);
+    setDrawBase(true);
+    connect(this, &QTabBar::tabBarClicked, this, [this](int index) {
+        // Another tab than the current one comes by the change that follows.
+        if (index >= 0 && index == currentIndex())
+            TakeChoice(index);
+    });
+    connect(this, &QTabBar::currentChanged, this, &EditorTabStrip::TakeChoice);
+}
+
+void EditorTabStrip::ShowNone() {
+    noneChosen_ = true;
+    update();
+}
+
+void EditorTabStrip::Choose(int index) {
+    if (index == currentIndex())
+        TakeChoice(index);
+    else
+        setCurrentIndex(index);
+}
+
+int EditorTabStrip::NextTab(int step) const {
+    if (noneYet_)
+        return step > 0 ? 0 : count() - 1;
+    return (currentIndex() + step + count()) % count();
+}
+
+void EditorTabStrip::keyPressEvent(QKeyEvent* event) {
+    const bool chooses =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (chooses && currentIndex() >= 0)
+        return TakeChoice(currentIndex());
+    QTabBar::keyPressEvent(event);
+}
+
+void EditorTabStrip::initStyleOption(QStyleOptionTab* option, int tabIndex) const {
+    QTabBar::initStyleOption(option, tabIndex);
+    if (noneChosen_)
+        option->state &= ~QStyle::State_Selected;
+}
+
+void EditorTabStrip::TakeChoice(int index) {
+    if (index < 0)
+        return;
+    noneChosen_ = noneYet_ = false;
+    update();
+    Q_EMIT Chosen(index);
+}

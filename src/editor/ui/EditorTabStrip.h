@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QTabBar>
+
+/// The tabs of the editor. On the home view none of them looks chosen, and choosing the current one again counts too.
+class EditorTabStrip : public QTabBar {
+    Q_OBJECT
+
+  public:
+    explicit EditorTabStrip(QWidget* parent = nullptr);
+
+    /// Shows none as chosen, until the next one is.
+    void ShowNone();
+    /// The tab behind the one last chosen (step 1) or before it (-1), round the ends; the first or last one where none
+    /// was chosen yet.
+    int NextTab(int step) const;
+    /// As a click on the tab, the current one included.
+    void Choose(int index);
+
+  Q_SIGNALS:
+    void Chosen(int index);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionTab* option, int tabIndex) const override;
+
+  private:
+    void TakeChoice(int index);
+
+    bool noneChosen_ = true;
+    bool noneYet_ = true;
+};

@@ -1,0 +1,290 @@
+#include "editor/ui/frmTestEditor.h"
+
+#include "platform/ui/GradientBackground.h"
+#include "platform/ui/Named.h"
+#include "platform/ui/ScrollingPage.h"
+#include "platform/ui/Typography.h"
+#include "platform/ui/WindowPlacement.h"
+#include "testdoc/TestInMemoryChecker.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString ToMainMenu = QStringLiteral("Return To Main Menu");
+const QString ToEditorMenu = QStringLiteral("Return To Editor Menu");
+
+constexpr int TwipsPerPixel = 15;
+constexpr QSize LeastSize(7995 / TwipsPerPixel, 6825 / TwipsPerPixel);
+constexpr QSize SmallestSize(40 * GridUnit, 34 * GridUnit);
+
+// A pause in typing after which the findings are looked for, and the age at which changes are kept as a copy.
+constexpr int FindingsPause = 300;
+constexpr int CopyAge = 2000;
+
+void FocusFirstControl(QWidget& page) {
+    for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain())
+        if (page.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
+            next->isVisibleTo(&page) && !next->focusProxy())
+            return next->setFocus(Qt::TabFocusReason);
+}
+
+} // namespace
+
+frmTestEditor::frmTestEditor(const EditorFileParts& parts) : parts_(parts), file_(parts, *this) {
+    setObjectName(QStringLiteral("frmTestEditor"));
+    setWindowTitle(QStringLiteral("Vellumo Editor"));
+    menus_ = new EditorMenus(*this);
+    help_ = new HelpKey(*this, parts_.Ways, HelpTopic::Editor);
+
+    tbsOptions_ = Named(new EditorTabStrip, QStringLiteral("tbsOptions"));
+    tbsOptions_->setAccessibleName(QStringLiteral("Pages of the editor"));
+    MakePages({parts_.Test, parts_.UserSettings, parts_.Boxes, parts_.Files});
+    findings_ = Named(new FindingsLine, QStringLiteral("FindingsLine"));
+
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(MakeHeading());
+    column->addSpacing(GridUnit);
+    column->addWidget(tbsOptions_);
+    column->addWidget(pages_, 1);
+    column->addWidget(findings_);
+    column->addLayout(MakeButtons());
+    setCentralWidget(content);
+
+    ConnectMenus();
+    ConnectPages();
+    findingsTimer_.setSingleShot(true);
+    findingsTimer_.setInterval(FindingsPause);
+    copyTimer_.setSingleShot(true);
+    copyTimer_.setInterval(CopyAge);
+    connect(&findingsTimer_, &QTimer::timeout, this, &frmTestEditor::ShowFindings);
+    connect(&copyTimer_, &QTimer::timeout, this, [this] { file_.KeepCopy(); });
+
+    setMinimumSize(SmallestSize);
+    resize(sizeHint().expandedTo(LeastSize));
+    CentreOnScreen(*this);
+}
+
+bool frmTestEditor::Form_Load() { return file_.Load(); }
+
+void frmTestEditor::LoadRecovered() { file_.LoadRecovered(); }
+
+void frmTestEditor::MakePages(const EditorParts& parts) {
+    checks_ = new EditorOptionChecks(parts_.Test);
+    checks_->setParent(this);
+    subscales_ = new SubscalesTab(parts);
+    questions_ = new QuestionsTab(parts);
+    export_ = new ExportTab(parts, *checks_);
+    picOptions_ = {new AboutTestTab(parts), subscales_, new TemplateTab(parts), questions_, new AnalysisTab(parts),
+                   new OptionsTab(parts, *checks_), new AutomationTab(parts, *checks_), export_};
+
+    home_ = Named(new HomePage, QStringLiteral("HomePage"));
+    pages_ = new QStackedWidget;
+    // The first tab would count as chosen.
+    const QSignalBlocker quiet(tbsOptions_);
+    for (int i = 0; i < EditorPageCount; ++i) {
+        const EditorPageInfo& info = InfoOf(static_cast<EditorPage>(i));
+        tbsOptions_->addTab(info.Caption);
+        tbsOptions_->setTabToolTip(i, info.ToolTip);
+        pages_->addWidget(new ScrollingPage(Named(PageAt(i), QStringLiteral("picOptions_%1").arg(i))));
+    }
+    pages_->addWidget(home_);
+}
+
+QWidget* frmTestEditor::MakeHeading() {
+    auto* strip = Named(new GradientBackground, QStringLiteral("Picture1"));
+    heading_ = Named(new QLabel, QStringLiteral("Heading"));
+    heading_->setTextFormat(Qt::PlainText);
+    heading_->setFont(HeadingFont());
+    // A long title is cut at the window's edge and never widens it.
+    heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto* row = new QHBoxLayout(strip);
+    SetRoom(*row, 2, 1);
+    row->addWidget(heading_);
+    return strip;
+}
+
+QLayout* frmTestEditor::MakeButtons() {
+    const auto make = [this](const char* name, const QString& caption, void (frmTestEditor::*handler)()) {
+        auto* button = Named(new QPushButton(caption), QLatin1String(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
+        return button;
+    };
+    Command1_ = make("Command1", QStringLiteral("Save Test"), &frmTestEditor::Command1_Click);
+    Command2_ = make("Command2", ToMainMenu, &frmTestEditor::Command2_Click);
+    Quit_ = make("Quit", QStringLiteral("Quit"), &frmTestEditor::Quit_Click);
+
+    auto* row = new QHBoxLayout;
+    SetRoom(*row, 2, 1);
+    row->addWidget(Command1_);
+    row->addStretch(1);
+    row->addWidget(Command2_);
+    row->addWidget(Quit_);
+    return row;
+}
+
+void frmTestEditor::ConnectMenus() {
+    const auto on = [this](void (EditorMenus::*signal)(), auto action) {
+        connect(menus_, signal, this, [this, action] { Guarded(action); });
+    };
+    on(&EditorMenus::NewWanted, [this] { file_.New(); });
+    on(&EditorMenus::OpenWanted, [this] { file_.Open(); });
+    on(&EditorMenus::mnufilesave_Click, [this] { file_.Save(); });
+    on(&EditorMenus::mnufilesaveas_Click, [this] { file_.SaveAs(); });
+    on(&EditorMenus::savehtml_Click, [this] { parts_.Ways.ExportHtml(); });
+    on(&EditorMenus::quiteditor_Click, [this] { Quit_Click(); });
+    on(&EditorMenus::gen_Click, [this] { parts_.Ways.ShowGeneralOptions(); });
+    on(&EditorMenus::hlp_Click, [this] { hlp_Click(); });
+    on(&EditorMenus::about_Click, [this] { parts_.Ways.ShowAbout(); });
+    connect(menus_, &EditorMenus::mnuop_Click, this, [this](int i) { Guarded([&] { file_.OpenListed(i); }); });
+}
+
+void frmTestEditor::ConnectPages() {
+    connect(tbsOptions_, &EditorTabStrip::Chosen, this,
+            [this](int index) { Guarded([&] { tbsOptions_Click(index); }); });
+    const auto onKeys = [this](const QKeySequence& keys, int step) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, step] { Form_KeyDown(step); });
+    };
+    onKeys(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+    onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
+    onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
+
+    for (EditorTab* page : picOptions_)
+        connect(page, &EditorTab::Changed, this, &frmTestEditor::DocumentChanged);
+    connect(checks_, &EditorOptionChecks::Changed, this, &frmTestEditor::DocumentChanged);
+    connect(subscales_, &SubscalesTab::SubscalesChanged, this,
+            [this] { questions_->FillSubscales(QStringLiteral("<None>")); });
+    connect(export_, &ExportTab::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
+    connect(home_, &HomePage::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
+    connect(findings_, &FindingsLine::Chosen, this,
+            [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
+}
+
+void frmTestEditor::Guarded(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        parts_.Boxes.Inform(failure.Message());
+    } catch (const std::exception& failure) {
+        parts_.Boxes.Inform(QString::fromLocal8Bit(failure.what()));
+    }
+}
+
+void frmTestEditor::RefreshFromTest() {
+    checks_->RefreshFromTest();
+    for (EditorTab* page : picOptions_)
+        page->RefreshFromTest();
+    file_.ListFilesAgain();
+    menus_->ShowFiles(file_.FileList());
+    ShowTitle(file_.Title());
+    ShowFindings();
+}
+
+void frmTestEditor::ShowHome(EditorPage lastMoved) {
+    home_->Show(file_.HomeMessage(), file_.HasTest());
+    menus_->SetHtmlExportEnabled(file_.HasTest());
+    export_->SetHtmlExportEnabled(file_.HasTest());
+    if (pages_->currentIndex() <= static_cast<int>(lastMoved) || pages_->currentWidget() == home_) {
+        pages_->setCurrentWidget(home_);
+        tbsOptions_->ShowNone();
+        tbsOptions_->setFocus();
+        help_->SetTopic(HelpTopic::Editor);
+    }
+    Command2_->setText(ToMainMenu);
+    file_.SetSaved(true);
+}
+
+void frmTestEditor::tbsOptions_Click(int index) {
+    Command2_->setText(ToEditorMenu);
+    pages_->setCurrentIndex(index);
+    questions_->ShowLastQuestion();
+    file_.SetSaved(false);
+    const auto page = static_cast<EditorPage>(index);
+    tbsOptions_->setProperty("HelpContextID", HelpContextOf(page));
+    help_->SetTopic(InfoOf(page).Topic);
+    // The arrow keys go on through the tabs.
+    if (!tbsOptions_->hasFocus())
+        FocusFirstControl(*PageAt(index));
+}
+
+void frmTestEditor::Form_KeyDown(int step) { tbsOptions_->Choose(tbsOptions_->NextTab(step)); }
+
+void frmTestEditor::Command1_Click() {
+    if (file_.Save())
+        ShowHome(EditorPage::Automation);
+}
+
+void frmTestEditor::Command2_Click() {
+    if (Command2_->text() == ToEditorMenu)
+        return ShowHome(EditorPage::Export);
+    file_.KeepCopy();
+    file_.SetSaved(true);
+    ShowStartScreenAndClose();
+}
+
+void frmTestEditor::Quit_Click() {
+    file_.KeepCopy();
+    if (file_.QuerySave() == EditorFile::Answer::Stay)
+        return;
+    file_.SetSaved(true);
+    ShowStartScreenAndClose();
+}
+
+void frmTestEditor::closeEvent(QCloseEvent* event) {
+    if (!leaving_) {
+        event->ignore();
+        bool proceeds = false;
+        Guarded([&] {
+            file_.KeepCopy();
+            proceeds = file_.QuerySave() == EditorFile::Answer::Proceed;
+        });
+        if (!proceeds)
+            return;
+        leaving_ = true;
+        parts_.Ways.ShowStartScreen();
+        event->accept();
+    }
+    QMainWindow::closeEvent(event);
+}
+
+// The start screen comes first: the program ends with its last window.
+void frmTestEditor::ShowStartScreenAndClose() {
+    leaving_ = true;
+    parts_.Ways.ShowStartScreen();
+    close();
+}
+
+// The key is what opens the help of the page in view, so the menu item sends it.
+void frmTestEditor::hlp_Click() {
+    QApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+}
+
+void frmTestEditor::DocumentChanged() {
+    findingsTimer_.start();
+    if (!copyTimer_.isActive())
+        copyTimer_.start();
+    heading_->setText(parts_.Test.TestTitle);
+}
+
+void frmTestEditor::ShowFindings() {
+    heading_->setText(parts_.Test.TestTitle);
+    int length = 0;
+    const std::vector<Finding> findings = CheckForSaving(parts_.Test, &length);
+    findings_->Show(findings, length);
+}
+
+void frmTestEditor::GoTo(const TestPlace& place) {
+    if (!Exists(parts_.Test, place))
+        return;
+    const EditorPage page = PageOf(place);
+    tbsOptions_->Choose(static_cast<int>(page));
+    PageAt(static_cast<int>(page))->GoTo(place);
+}

@@ -1,0 +1,159 @@
+#include "editor/Recovery.h"
+#include "editor/TestSnapshot.h"
+#include "support/Files.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TestDocument Titled(const QString& title) {
+    TestDocument test;
+    test.TestFileName = u"/tests/mood.vlm"_s;
+    test.TestTitle = title;
+    test.SubscaleCount = 1;
+    test.SubscaleRangeCount(1) = 1;
+    test.SubscaleRangeLow(1, 1) = Value(u"1e3"_s);
+    test.SubscaleRangeHigh(1, 1) = 7;
+    test.QuestionCount = MaxQuestions;
+    test.QuestionText(MaxQuestions) = u"[v=\r\n"_s;
+    return test;
+}
+
+} // namespace
+
+class tst_recovery : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init() { folder_ = std::make_unique<QTemporaryDir>(); }
+
+    void Left_ProgramEndedWithChanges_ToTheLetter();
+    void Left_SavedDroppedOrUndone_Nothing();
+    void Left_ProgramStillRuns_Nothing();
+    void Left_SeveralTests_OldestFirst();
+    void Left_KilledWhileWriting_CopyBefore();
+    void Keep_FolderCannotBeMade_Told();
+
+  private:
+    QStringList Files() const { return QDir(folder_->path()).entryList({u"*.recovery*"_s}, QDir::Files); }
+    Recovery Run(const QTime& now = QTime(14, 5)) {
+        times_.push_back(std::make_unique<FixedClock>(QDateTime(QDate(2026, 11, 21), now)));
+        return Recovery(folder_->path(), *times_.back());
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::vector<std::unique_ptr<FixedClock>> times_;
+};
+
+void tst_recovery::Left_ProgramEndedWithChanges_ToTheLetter() {
+    const TestDocument changed = Titled(u"Changed"_s);
+    {
+        Recovery run = Run();
+        run.Begin(Titled(u"In its file"_s));
+        QVERIFY(run.Keep(Titled(u"On the way"_s)).Ok());
+        QVERIFY(run.Keep(changed).Ok());
+    }
+    Recovery next = Run();
+    const auto left = next.Left();
+    QVERIFY(left);
+    QCOMPARE(ToSnapshot(left->Test), ToSnapshot(changed));
+    QCOMPARE(left->KeptAt.time(), QTime(14, 5));
+
+    // Going on with it keeps it until it is saved.
+    next.GoOnWith(*left);
+    QVERIFY(next.Keep(left->Test).Ok());
+    QVERIFY(!Run().Left());
+    next.Drop(left->Test);
+    QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)), QStringList());
+}
+
+void tst_recovery::Left_SavedDroppedOrUndone_Nothing() {
+    {
+        Recovery run = Run();
+        run.Begin(Titled(u"In its file"_s));
+        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+        QVERIFY(run.Keep(Titled(u"In its file"_s)).Ok());
+    }
+    QVERIFY(!Run().Left());
+    {
+        Recovery run = Run();
+        run.Begin(Titled(u"In its file"_s));
+        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+        run.Drop(Titled(u"Changed"_s));
+        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+    }
+    QVERIFY(!Run().Left());
+    {
+        Recovery run = Run();
+        run.Begin(Titled(u"In its file"_s));
+        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+    }
+    const auto left = Run().Left();
+    QVERIFY(left);
+    Run().Discard(*left);
+    QVERIFY(!Run().Left());
+}
+
+void tst_recovery::Left_ProgramStillRuns_Nothing() {
+    Recovery run = Run();
+    run.Begin(Titled(u"In its file"_s));
+    QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+    QVERIFY(!Run().Left());
+    // Nor is the copy of a test that was left unsaved in this run offered while it goes on with another.
+    run.Begin(Titled(u"Another"_s));
+    QVERIFY(run.Keep(Titled(u"Another, changed"_s)).Ok());
+    QVERIFY(!Run().Left());
+    QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)).size(), 2);
+}
+
+void tst_recovery::Left_SeveralTests_OldestFirst() {
+    for (const int hour : {15, 9, 12}) {
+        Recovery run = Run(QTime(hour, 0));
+        run.Begin(Titled({}));
+        QVERIFY(run.Keep(Titled(u"At %1"_s.arg(hour))).Ok());
+    }
+    QStringList titles;
+    while (const auto left = Run().Left()) {
+        titles.append(left->Test.TestTitle);
+        Run().Discard(*left);
+    }
+    QCOMPARE(titles, (QStringList{u"At 9"_s, u"At 12"_s, u"At 15"_s}));
+}
+
+void tst_recovery::Left_KilledWhileWriting_CopyBefore() {
+    {
+        Recovery run = Run();
+        run.Begin(Titled({}));
+        QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
+    }
+    const QString path = folder_->filePath(u"test-1.recovery"_s);
+    const QByteArray whole = BytesOf(path);
+    for (qsizetype length = 0; length < whole.size(); length += 1 + length / 3) {
+        PutBytes(path, whole.first(length));
+        QFile::remove(path + u".earlier"_s);
+        QVERIFY(!Run().Left());
+        PutBytes(path + u".earlier"_s, whole);
+        const auto left = Run().Left();
+        QVERIFY(left && left->Test.TestTitle == u"Kept"_s);
+    }
+    Run().Discard(*Run().Left());
+    QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
+}
+
+void tst_recovery::Keep_FolderCannotBeMade_Told() {
+    const QString file = folder_->filePath(u"a file"_s);
+    PutBytes(file, "x");
+    const FixedClock now{QDateTime()};
+    Recovery run(file + u"/below"_s, now);
+    run.Begin(Titled({}));
+    const Result kept = run.Keep(Titled(u"Changed"_s));
+    QVERIFY(!kept.Ok());
+    QVERIFY(kept.Message().contains(file));
+}
+
+QTEST_GUILESS_MAIN(tst_recovery)
+#include "tst_recovery.moc"
