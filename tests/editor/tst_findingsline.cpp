@@ -88,6 +88,9 @@ void tst_findingsline::PlaceExists_DeletedSince_IsFalse() {
     test.SubscaleRangeCount(1) = 1;
     test.QuestionCount = 2;
     test.AnswerCount(2) = 3;
+    // What a deleted question leaves behind.
+    test.AnswerCount(3) = 3;
+    QVERIFY(!PlaceExists({TestPlace::Answer, 3, 1}, test));
     for (const TestPlace& place : {TestPlace{TestPlace::Title, 0, 0}, TestPlace{TestPlace::Subscale, 1, 0},
                                    TestPlace{TestPlace::SubscaleRange, 1, 1}, TestPlace{TestPlace::TotalRange, 0, 1},
                                    TestPlace{TestPlace::TemplateAnswer, 0, 1}, TestPlace{TestPlace::Question, 2, 0},
