@@ -6,5 +6,5 @@
 /// and, as errors, what keeps the test from being saved whole or opened again, and whatever would be read back
 /// differently than it is in memory; the latter only while the test isn't too long to be read at all. Sets
 /// lengthWhenRead, if it is given, to the number of characters that the reader would count. The document needn't have a
-/// file. Never throws.
+/// file. Throws BoundError, as writing does, where a count is outside its bounds.
 std::vector<Finding> CheckForSaving(const TestDocument& test, int* lengthWhenRead = nullptr);
