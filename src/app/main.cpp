@@ -68,10 +68,10 @@ int main(int argc, char** argv) {
     start.Known = FoldersOfThisMachine();
     const DefaultFolders folders = ChooseDefaultFolders(start.Known);
 
-    AppNavigator navigator(
-        {session, start, *store, folders, clock, *launcher, {prompts, chooser, printer, clipboard, *office, *word}, [] {
-             QCoreApplication::quit();
-         }});
-    navigator.ShowStartScreen();
+    const QString copies = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/unsaved");
+    AppNavigator navigator({session, start, *store, folders, clock, *launcher,
+                            {prompts, chooser, printer, clipboard, *office, *word},
+                            [] { QCoreApplication::quit(); }, copies});
+    navigator.Start();
     return navigator.Ended() ? 0 : QApplication::exec();
 }

@@ -9,7 +9,7 @@ constexpr quint32 Mark = 0x56'4C'4D'31; // "VLM1"
 
 QDataStream& operator<<(QDataStream& stream, const Value& value) {
     const qint8 kind = value.IsEmpty() ? 0 : value.IsNumber() ? 1 : 2;
-    return stream << kind << value.Text();
+    return stream << kind << (value.IsEmpty() ? QStringLiteral("") : value.Text());
 }
 
 QDataStream& operator>>(QDataStream& stream, Value& value) {
@@ -24,6 +24,8 @@ class Out {
   public:
     explicit Out(QByteArray& bytes) : stream_(&bytes, QIODevice::WriteOnly) { stream_.setVersion(QDataStream::Qt_6_0); }
     template <typename T> void Field(const T& field) { stream_ << field; }
+    // The stream would tell a text that was never assigned from an empty one.
+    void Field(const QString& text) { stream_ << (text.isNull() ? QStringLiteral("") : text); }
     void Count(const int& count, int) { stream_ << count; }
 
   private:

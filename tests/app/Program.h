@@ -29,6 +29,8 @@ struct Program {
     void Put(const QString& name, const QByteArray& content) { PutBytes(folder.filePath(name), content); }
 
     QTemporaryDir folder;
+    /// Where copies of unsaved tests are kept.
+    QTemporaryDir kept;
     Session session;
     ProgramStart start;
     MemorySettingsStore store;
@@ -43,5 +45,5 @@ struct Program {
     FakeWordProcessor word;
     int ends = 0;
     AppNavigator navigator{{session, start, store, folders, clock, launcher,
-                            ReportPorts{prompts, chooser, printer, clipboard, office, word}, [this] { ++ends; }}};
+                            ReportPorts{prompts, chooser, printer, clipboard, office, word}, [this] { ++ends; }, kept.path()}};
 };

@@ -2,7 +2,7 @@
 #include "app/ui/AboutBox.h"
 #include "app/ui/GuardedApplication.h"
 #include "app/ui/HelpWindow.h"
-#include "app/ui/LinkButton.h"
+#include "platform/ui/LinkButton.h"
 #include "base/BoundedArray.h"
 #include "support/ScriptedPrompts.h"
 #include "support/WindowDriver.h"

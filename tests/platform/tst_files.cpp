@@ -2,11 +2,10 @@
 #include "platform/FileNames.h"
 #include "platform/SafeFile.h"
 #include "platform/TextFile.h"
+#include "support/SmallDisk.h"
 
 #include <QtTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,21 +20,6 @@ bool Make(const QString& path, const QByteArray& content) {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
-
-/// While it lives, no file can grow past so many bytes: a write meets its end half way, as on a full disk.
-class SmallDisk {
-  public:
-    explicit SmallDisk(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit small{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-  private:
-    rlimit before_{};
-};
 
 /// While it lives, the program is no administrator, whom no permissions bind.
 class OrdinaryUser {

@@ -3,14 +3,27 @@
 #include "app/ui/AboutBox.h"
 #include "settings/ui/frmOptions.h"
 #include "taker/ui/frmClient.h"
+#include "testdoc/TestParser.h"
 
 #include <QApplication>
+#include <QLocale>
 
 namespace {
 
-const QString NoEditor = QStringLiteral("The test editor is not part of this version of Vellumo yet.");
 const QString NoHtmlExport = QStringLiteral("The export as a web page is not part of this version of Vellumo yet.");
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
+
+QString LeftTestQuestion(const RecoveredTest& left) {
+    const TestDocument& test = left.Test;
+    const QString title = test.TestTitle.isEmpty() ? QStringLiteral("Untitled") : test.TestTitle;
+    const QString file = test.TestFileName.isEmpty() ? QStringLiteral("a test that has no file yet")
+                                                     : QStringLiteral("the file '") + test.TestFileName + u'\'';
+    return QStringLiteral("The test '") + title + QStringLiteral("' (") + file +
+           QStringLiteral(") has changes that were not saved when Vellumo ended. They were kept on ") +
+           QLocale().toString(left.KeptAt, QLocale::ShortFormat) +
+           QStringLiteral(".\n\nDo you want to go on with them in the editor? 'No' gives them up, 'Cancel' asks again "
+                          "at the next start.");
+}
 
 template <typename Window> Window* Owned(Window* window) {
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -31,6 +44,12 @@ AppNavigator::~AppNavigator() {
     qDeleteAll(OwnWindows());
 }
 
+void AppNavigator::Start() {
+    ShowStartScreen();
+    if (!ended_ && startScreen_ && startScreen_->isVisible() && OfferLeftTest())
+        startScreen_->close();
+}
+
 void AppNavigator::ShowStartScreen() {
     if (ended_)
         return;
@@ -49,6 +68,11 @@ bool AppNavigator::CloseAllAndShowStartScreen() {
         // It may ask whether to save, and the person has to see which text is meant.
         BringUp(*report);
         if (!report->close())
+            return false;
+    }
+    if (editor_ && editor_->isVisible()) {
+        BringUp(*editor_);
+        if (!editor_->close())
             return false;
     }
     if (help_)
@@ -113,18 +137,51 @@ void AppNavigator::ShowHelp(HelpTopic topic) {
 
 void AppNavigator::ShowAbout() { AboutBox(QApplication::activeWindow()).exec(); }
 
-bool AppNavigator::EditTest() {
-    EditorOpener* editor = EditorOrMessage();
-    if (editor)
-        editor->OpenOnTest();
-    return editor != nullptr;
-}
+bool AppNavigator::EditTest() { return OpenEditor(); }
 
 bool AppNavigator::EditNewTest() {
-    EditorOpener* editor = EditorOrMessage();
-    if (editor)
-        editor->OpenOnNewTest();
-    return editor != nullptr;
+    // From scratch: what ClearTest leaves of an earlier test must not come into a new one.
+    parts_.Run.Test = TestDocument();
+    ClearTest(parts_.Run.Test);
+    return OpenEditor();
+}
+
+frmTestEditor* AppNavigator::MakeEditor() {
+    return Owned(new frmTestEditor({parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files,
+                                    *this, copies_}));
+}
+
+bool AppNavigator::OpenEditor() {
+    frmTestEditor* editor = MakeEditor();
+    if (!editor->Form_Load()) {
+        delete editor;
+        return false;
+    }
+    editor_ = editor;
+    BringUp(*editor);
+    return true;
+}
+
+bool AppNavigator::OfferLeftTest() {
+    const std::optional<RecoveredTest> left = copies_.Left();
+    if (!left)
+        return false;
+    switch (parts_.Ports.Boxes.Ask({LeftTestQuestion(*left), QStringLiteral("Unsaved Test"),
+                                    PromptButtons::YesNoCancel, PromptIcon::Question})) {
+    case PromptAnswer::Yes:
+        break;
+    case PromptAnswer::No:
+        copies_.Discard(*left);
+        return false;
+    default:
+        return false;
+    }
+    parts_.Run.Test = left->Test;
+    copies_.GoOnWith(*left);
+    editor_ = MakeEditor();
+    editor_->LoadRecovered();
+    BringUp(*editor_);
+    return true;
 }
 
 void AppNavigator::ExportHtml() { parts_.Ports.Boxes.Inform(NoHtmlExport); }
@@ -144,16 +201,11 @@ QList<frmEdit*> AppNavigator::Reports() const {
     return open;
 }
 
-EditorOpener* AppNavigator::EditorOrMessage() {
-    if (!parts_.Editor)
-        parts_.Ports.Boxes.Inform(NoEditor);
-    return parts_.Editor;
-}
-
 QWidgetList AppNavigator::OwnWindows() const {
     QWidgetList windows;
     for (QWidget* window :
-         {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_), static_cast<QWidget*>(help_)})
+         {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_), static_cast<QWidget*>(editor_),
+          static_cast<QWidget*>(help_)})
         if (window)
             windows.append(window);
     for (const QPointer<frmEdit>& report : reports_)

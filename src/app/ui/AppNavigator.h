@@ -1,9 +1,10 @@
 #pragma once
 
-#include "app/EditorOpener.h"
 #include "app/ProgramStart.h"
 #include "app/ui/HelpWindow.h"
 #include "app/ui/Loading_Test.h"
+#include "editor/Recovery.h"
+#include "editor/ui/frmTestEditor.h"
 #include "platform/Navigator.h"
 #include "taker/ui/FrmTest.h"
 #include "textedit/ui/frmEdit.h"
@@ -13,8 +14,8 @@
 
 #include <functional>
 
-/// The parts that the windows of the program are made of. All of them outlive the navigator. The exporter and the
-/// editor may be missing; the windows then say that the function isn't there.
+/// The parts that the windows of the program are made of. All of them outlive the navigator. The exporter may be missing;
+/// the windows then say that the function isn't there.
 struct AppParts {
     Session& Run;
     ProgramStart& Start;
@@ -25,17 +26,23 @@ struct AppParts {
     ReportPorts Ports;
     /// Leaves the program's event loop.
     std::function<void()> End;
+    /// Where copies of unsaved tests are kept; without a name none is.
+    QString RecoveryFolder = {};
     SpreadsheetExporter* Exporter = nullptr;
-    EditorOpener* Editor = nullptr;
 };
 
 /// Makes and shows the windows of the program, and owns them.
 class AppNavigator : public Navigator {
   public:
-    explicit AppNavigator(AppParts parts) : parts_(std::move(parts)) {}
+    explicit AppNavigator(AppParts parts)
+        : parts_(std::move(parts)), copies_(parts_.RecoveryFolder, parts_.Time) {}
     ~AppNavigator() override;
     AppNavigator(const AppNavigator&) = delete;
     AppNavigator& operator=(const AppNavigator&) = delete;
+
+    /// The start of the program: the start screen, or the test of the command line; without one, an offer to go on with
+    /// a test that an earlier run left unsaved.
+    void Start();
 
     void ShowStartScreen() override;
     bool CloseAllAndShowStartScreen() override;
@@ -55,18 +62,23 @@ class AppNavigator : public Navigator {
     /// The windows now open, the start screen and the test window first; null where there is none.
     Loading_Test* StartScreen() const { return startScreen_; }
     FrmTest* TestWindow() const { return testWindow_; }
+    frmTestEditor* Editor() const { return editor_; }
     QList<frmEdit*> Reports() const;
     HelpWindow* Help() const { return help_; }
 
   private:
-    /// The editor, or nothing after a message that there is none.
-    EditorOpener* EditorOrMessage();
+    frmTestEditor* MakeEditor();
+    bool OpenEditor();
+    /// False when there is no such test, or the person doesn't want to go on with it now.
+    bool OfferLeftTest();
     QWidgetList OwnWindows() const;
 
     AppParts parts_;
+    Recovery copies_;
     bool ended_ = false;
     QPointer<Loading_Test> startScreen_;
     QPointer<FrmTest> testWindow_;
+    QPointer<frmTestEditor> editor_;
     QPointer<HelpWindow> help_;
     QList<QPointer<frmEdit>> reports_;
 };

@@ -1,7 +1,7 @@
 #include "app/ui/HelpWindow.h"
 
 #include "app/HelpPages.h"
-#include "app/ui/LinkButton.h"
+#include "platform/ui/LinkButton.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"

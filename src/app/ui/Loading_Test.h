@@ -3,7 +3,7 @@
 #include "app/BeginFlow.h"
 #include "app/ProgramStart.h"
 #include "app/TestList.h"
-#include "app/ui/LinkButton.h"
+#include "platform/ui/LinkButton.h"
 #include "app/ui/PictureMenu.h"
 #include "platform/FileChooser.h"
 #include "settings/Settings.h"

@@ -4,6 +4,7 @@
 #include "platform/Prompts.h"
 
 #include <QLineEdit>
+#include <QTimer>
 
 #include <optional>
 
@@ -23,4 +24,5 @@ class NumberBox : public QLineEdit {
     void AnswerInvalid();
 
     Prompts& boxes_;
+    QTimer later_;
 };

@@ -20,6 +20,7 @@ const QString ToEditorMenu = QStringLiteral("Return To Editor Menu");
 
 constexpr int TwipsPerPixel = 15;
 constexpr QSize LeastSize(7995 / TwipsPerPixel, 6825 / TwipsPerPixel);
+constexpr QSize UsualSize(92 * GridUnit, 80 * GridUnit);
 constexpr QSize SmallestSize(40 * GridUnit, 34 * GridUnit);
 
 // A pause in typing after which the findings are looked for, and the age at which changes are kept as a copy.
@@ -31,6 +32,13 @@ void FocusFirstControl(QWidget& page) {
         if (page.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
             next->isVisibleTo(&page) && !next->focusProxy())
             return next->setFocus(Qt::TabFocusReason);
+}
+
+QLayout* WithSideMargins(QWidget* widget) {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(2 * GridUnit, 0, 2 * GridUnit, 0);
+    row->addWidget(widget);
+    return row;
 }
 
 } // namespace
@@ -54,7 +62,7 @@ frmTestEditor::frmTestEditor(const EditorFileParts& parts) : parts_(parts), file
     column->addSpacing(GridUnit);
     column->addWidget(tbsOptions_);
     column->addWidget(pages_, 1);
-    column->addWidget(findings_);
+    column->addLayout(WithSideMargins(findings_));
     column->addLayout(MakeButtons());
     setCentralWidget(content);
 
@@ -68,7 +76,7 @@ frmTestEditor::frmTestEditor(const EditorFileParts& parts) : parts_(parts), file
     connect(&copyTimer_, &QTimer::timeout, this, [this] { file_.KeepCopy(); });
 
     setMinimumSize(SmallestSize);
-    resize(sizeHint().expandedTo(LeastSize));
+    resize(UsualSize.expandedTo(LeastSize));
     CentreOnScreen(*this);
 }
 
