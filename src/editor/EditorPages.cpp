@@ -1,7 +1,5 @@
 #include "editor/EditorPages.h"
 
-#include "editor/QuestionEdits.h"
-
 #include <array>
 
 const EditorPageInfo& InfoOf(EditorPage page) {
@@ -44,26 +42,4 @@ EditorPage PageOf(const TestPlace& place) {
         return EditorPage::Export;
     }
     return EditorPage::AboutTest;
-}
-
-bool Exists(const TestDocument& test, const TestPlace& place) {
-    const auto within = [](int number, int count) { return number >= 1 && number <= count; };
-    switch (place.What) {
-    case TestPlace::Subscale:
-        return within(place.Index, test.SubscaleCount);
-    case TestPlace::SubscaleRange:
-        return within(place.Index, test.SubscaleCount) &&
-               within(place.SubIndex, test.SubscaleRangeCount(place.Index));
-    case TestPlace::TotalRange:
-        return within(place.SubIndex, test.TotalRangeCount);
-    case TestPlace::TemplateAnswer:
-        return within(place.SubIndex, test.TemplateAnswerCount);
-    case TestPlace::Question:
-        return within(place.Index, test.QuestionCount);
-    case TestPlace::Answer:
-        return within(place.Index, test.QuestionCount) &&
-               within(place.SubIndex, OwnAnswerCount(test, place.Index));
-    default:
-        return true;
-    }
 }

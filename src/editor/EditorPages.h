@@ -23,6 +23,3 @@ inline int HelpContextOf(EditorPage page) { return 4002 + static_cast<int>(page)
 
 /// The page on which an element of the test is edited.
 EditorPage PageOf(const TestPlace& place);
-
-/// Whether the document has the element now.
-bool Exists(const TestDocument& test, const TestPlace& place);

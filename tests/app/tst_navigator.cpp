@@ -1,20 +1,14 @@
 #include "Program.h"
 
 #include "app/ui/AboutBox.h"
+#include "testdoc/TestParser.h"
+#include "testdoc/TestWriter.h"
 
 #include <QtTest>
 
 namespace {
 
 const QByteArray Mood = "[TITLE]Mood[/TITLE][INTRODUCTION]Hello[/INTRODUCTION][Q]How are you?[A]Well[v=1][/A][/Q]";
-
-/// Notes what it was asked for.
-class RecordingEditor : public EditorOpener {
-  public:
-    void OpenOnTest() override { Calls.append(QStringLiteral("test")); }
-    void OpenOnNewTest() override { Calls.append(QStringLiteral("new")); }
-    QStringList Calls;
-};
 
 struct Started : Program {
     Started() {
@@ -45,8 +39,11 @@ class tst_navigator : public QObject {
     void CommandLine_BrokenTest_EndsTheProgram();
     void Start_BrokenTest_EndsTheProgramWithoutAWindow();
     void BeginLoadedTest_NoQuestions_SaysSo();
-    void Edit_NoEditor_SaysSoAndKeepsTheTestWindow();
-    void Edit_WithEditor_OpensIt();
+    void Edit_FromTestWindow_ReplacesIt();
+    void Edit_FileGone_SaysSoAndStays();
+    void EditNewTest_AfterAnother_NothingOfItIsLeft();
+    void Start_TestLeftUnsaved_IsOffered_data();
+    void Start_TestLeftUnsaved_IsOffered();
     void EndProgram_WindowsOpen_HidesAllAndLeaves();
     void AskNames_FromStartScreen_BothNamesAreAskedFor();
     void AskNames_ForATest_FollowsItsPrompts();
@@ -142,26 +139,91 @@ void tst_navigator::BeginLoadedTest_NoQuestions_SaysSo() {
     QVERIFY(!program.navigator.TestWindow());
 }
 
-void tst_navigator::Edit_NoEditor_SaysSoAndKeepsTheTestWindow() {
+void tst_navigator::Edit_FromTestWindow_ReplacesIt() {
     Started program;
     program.BeginMood();
-    program.prompts.Expect(QStringLiteral("The test editor is not part of this version of Vellumo yet."));
     Choose(*program.navigator.TestWindow(), QStringLiteral("edittest"));
-    QVERIFY(program.navigator.TestWindow()->isVisible());
-    QTRY_VERIFY(!program.navigator.StartScreen());
+    QVERIFY(program.navigator.Editor()->isVisible());
+    QCOMPARE(program.navigator.Editor()->windowTitle(),
+             QStringLiteral("Vellumo Editor - ") + program.folder.filePath(QStringLiteral("Mood.vlm")));
+    QTRY_COMPARE(VisibleWindows(), 1);
+    Click(*program.navigator.Editor(), QStringLiteral("Command2"));
+    QVERIFY(program.navigator.StartScreen()->isVisible());
+    QTRY_VERIFY(!program.navigator.Editor());
 }
 
-void tst_navigator::Edit_WithEditor_OpensIt() {
+void tst_navigator::Edit_FileGone_SaysSoAndStays() {
+    Started program;
+    QVERIFY(QFile::remove(program.folder.filePath(QStringLiteral("Mood.vlm"))));
+    program.prompts.Expect(QStringLiteral("there is no such file")).InPart();
+    Click(*program.navigator.StartScreen(), QStringLiteral("CmdEditTest"));
+    QVERIFY(program.navigator.StartScreen()->isVisible());
+    QVERIFY(!program.navigator.Editor());
+}
+
+void tst_navigator::EditNewTest_AfterAnother_NothingOfItIsLeft() {
+    Started program;
+    program.Put(QStringLiteral("Full.vlm"), "[SUBSCALES][S]One[/S][/SUBSCALES][Q]A[QT]3[/QT][/Q][EXCEL DIR]E[/EXCEL DIR]"
+                                            "[AUTOSAVE FILENAME]N[/AUTOSAVE FILENAME]");
+    QVERIFY(OpenTest(program.session.Test, program.folder.filePath(QStringLiteral("Full.vlm"))).Ok());
+    QVERIFY(program.navigator.EditNewTest());
+    QVERIFY(WriteTest(program.session.Test).Text.isEmpty());
+    QCOMPARE(program.session.Test.QuestionType(1), 0);
+    QCOMPARE(Find<QLabel>(*program.navigator.Editor(), QStringLiteral("lblinstructions")).text(),
+             QStringLiteral("There is currently no test loaded.\nEdit this test as a new test, or choose 'Open' from the "
+                            "file menu.\n\nSelect 'tabs' above to edit test properties."));
+    QVERIFY(!Find<QFrame>(*program.navigator.Editor(), QStringLiteral("Frame23")).isVisible());
+}
+
+void tst_navigator::Start_TestLeftUnsaved_IsOffered_data() {
+    QTest::addColumn<PromptAnswer>("answer");
+    QTest::addColumn<bool>("editorOpens");
+    QTest::addColumn<bool>("offeredAgain");
+    QTest::newRow("yes") << PromptAnswer::Yes << true << true;
+    QTest::newRow("no") << PromptAnswer::No << false << false;
+    QTest::newRow("not now") << PromptAnswer::Cancel << false << true;
+}
+
+void tst_navigator::Start_TestLeftUnsaved_IsOffered() {
+    QFETCH(const PromptAnswer, answer);
+    QFETCH(const bool, editorOpens);
+    QFETCH(const bool, offeredAgain);
     Program program;
-    RecordingEditor editor;
-    AppNavigator navigator({program.session, program.start, program.store, program.folders, program.clock,
-                            program.launcher,
-                            ReportPorts{program.prompts, program.chooser, program.printer, program.clipboard,
-                                        program.office, program.word},
-                            [] {}, nullptr, &editor});
-    QVERIFY(navigator.EditTest());
-    QVERIFY(navigator.EditNewTest());
-    QCOMPARE(editor.Calls, QStringList({QStringLiteral("test"), QStringLiteral("new")}));
+    program.Put(QStringLiteral("Mood.vlm"), Mood);
+    {
+        // A run that ended in the middle.
+        Recovery crashed(program.kept.path(), program.clock);
+        TestDocument test;
+        test.TestFileName = program.folder.filePath(QStringLiteral("Mood.vlm"));
+        crashed.Begin(test);
+        test.TestTitle = QStringLiteral("Half written");
+        QVERIFY(crashed.Keep(test).Ok());
+    }
+    const QString question = QStringLiteral("The test 'Half written' (the file '") +
+                             program.folder.filePath(QStringLiteral("Mood.vlm")) +
+                             QStringLiteral("') has changes that were not saved when Vellumo ended.");
+    program.prompts.Expect(question, answer)
+        .InPart()
+        .Titled(QStringLiteral("Unsaved Test"))
+        .WithButtons(PromptButtons::YesNoCancel);
+    program.navigator.Start();
+    QCOMPARE(program.navigator.Editor() != nullptr, editorOpens);
+    if (editorOpens) {
+        QTRY_COMPARE(VisibleWindows(), 1);
+        QCOMPARE(Find<QLineEdit>(*program.navigator.Editor(), QStringLiteral("txtTitle")).text(),
+                 QStringLiteral("Half written"));
+        // It is in no file: leaving by the title bar asks, and a cancelled question keeps it.
+        program.prompts.Expect(QStringLiteral("Do you Want to Save Changes?"), PromptAnswer::Cancel);
+        QVERIFY(!program.navigator.Editor()->close());
+        program.prompts.Expect(QStringLiteral("Do you Want to Save Changes?"), PromptAnswer::Yes);
+        QVERIFY(program.navigator.Editor()->close());
+        QCOMPARE(BytesOf(program.folder.filePath(QStringLiteral("Mood.vlm"))),
+                 QByteArray("[TITLE]Half written[/TITLE]\r\n\r\n"));
+        QVERIFY(!Recovery(program.kept.path(), program.clock).Left());
+    } else {
+        QVERIFY(program.navigator.StartScreen()->isVisible());
+        QCOMPARE(Recovery(program.kept.path(), program.clock).Left().has_value(), offeredAgain);
+    }
 }
 
 void tst_navigator::EndProgram_WindowsOpen_HidesAllAndLeaves() {

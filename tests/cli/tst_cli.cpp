@@ -6,6 +6,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QDirIterator>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -76,7 +77,7 @@ class tst_cli : public QObject {
         const auto row = [](const char* line) { QTest::newRow(line) << QString::fromLatin1(line).split(u' '); };
         QTest::newRow("nothing") << QStringList();
         for (const char* line :
-             {"html t.vlm", "save a b", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
+             {"html t.vlm", "save a", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
               "report a b --row 0", "report a b --row x", "take a --now yesterday", "take a --client", "show a --x",
               "report a b --break-after-number=1", "report a b --break-after-number --no-break-after-number"})
             row(line);
@@ -163,6 +164,27 @@ class tst_cli : public QObject {
         json.EndArray();
         QCOMPARE(json.Json(), QByteArray("[\n  \"\\\"\\\\\\n\\r\\t\\u0001\\u007fé€\",\n  \"😀\",\n  \"a\\ud83d\",\n"
                                          "  \"\\ude00b\",\n  [],\n  null\n]\n"));
+    }
+
+    void Save_Samples_TheSameBytes() {
+        QDirIterator samples(QStringLiteral(VELLUMO_SOURCE_DIR "/samples"), {QStringLiteral("*.vlm")});
+        const QString out = folder_.filePath(QStringLiteral("saved.vlm"));
+        int count = 0;
+        for (; samples.hasNext(); ++count) {
+            const QString sample = samples.next();
+            const Ran ran = Run({QStringLiteral("save"), sample, out});
+            QCOMPARE(ran.Status, 0);
+            QVERIFY(ran.Err.isEmpty() && ran.Out.isEmpty());
+            QCOMPARE(BytesOf(out), BytesOf(sample));
+        }
+        QVERIFY(count > 0);
+    }
+
+    void Save_CannotBeWritten_IsOne() {
+        const QString out = folder_.filePath(QStringLiteral("no such folder/saved.vlm"));
+        const Ran ran = Run({QStringLiteral("save"), test_, out});
+        QCOMPARE(ran.Status, 1);
+        QVERIFY(ran.Err.startsWith("Test Cannot Be Saved: " + out.toUtf8()));
     }
 
     void Check_FilesAndFolder_OneLineEach() {

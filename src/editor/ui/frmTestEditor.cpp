@@ -1,5 +1,6 @@
 #include "editor/ui/frmTestEditor.h"
 
+#include "editor/FindingsText.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
@@ -290,7 +291,7 @@ void frmTestEditor::ShowFindings() {
 }
 
 void frmTestEditor::GoTo(const TestPlace& place) {
-    if (!Exists(parts_.Test, place))
+    if (!PlaceExists(place, parts_.Test))
         return;
     const EditorPage page = PageOf(place);
     tbsOptions_->Choose(static_cast<int>(page));
