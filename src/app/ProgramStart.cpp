@@ -10,6 +10,7 @@ void LoadSettingsOnce(ProgramStart& start, Session& session, SettingsStore& stor
     if (LoadSettings(session.UserSettings, store, folders))
         PrepareWorkingDirectory(folders, start.Known);
     session.AdministratorName = session.UserSettings.AdministratorName;
+    TakeHtmlSettings(session);
     start.SettingsLoaded = true;
 }
 

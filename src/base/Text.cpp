@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include "base/LineBreak.h"
+
 QString Quoted(QStringView text) {
     constexpr qsizetype longest = 200;
     if (text.size() <= longest)
@@ -14,4 +16,13 @@ QString AsciiUpper(QStringView text) {
         if (c >= u'a' && c <= u'z')
             c = QChar(static_cast<char16_t>(c.unicode() - 32));
     return upper;
+}
+
+QString WithLineBreaks(QString text) {
+    if (text.isEmpty())
+        return text;
+    text.replace(LineBreak, QStringLiteral("\n")).replace(u'\r', u'\n');
+    if (!text.endsWith(u'\n'))
+        text += u'\n';
+    return text.replace(u'\n', LineBreak);
 }

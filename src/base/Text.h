@@ -10,3 +10,7 @@ QString Quoted(QStringView text);
 /// Upper case of the letters a to z only; every other character stays. Tags are ASCII, and so the result has the
 /// same length and positions as the text.
 QString AsciiUpper(QStringView text);
+
+/// The text line by line, each line ended by CR LF, the last one too. A line may end with CR LF, LF or CR; a text that
+/// ends with a line end has no empty line behind it, and an empty text has no line at all.
+QString WithLineBreaks(QString text);

@@ -57,3 +57,4 @@ const Command& CheckCommand();
 const Command& TakeCommand();
 const Command& ReportCommand();
 const Command& ScoreCommand();
+const Command& HtmlCommand();

@@ -5,7 +5,7 @@
 
 #include <QIODevice>
 
-/// What the tool talks to: its three streams, the clock and the settings, which it never writes.
+/// What the tool talks to: its three streams, the clock, the settings, which it never writes, and its folder.
 struct Console {
     QIODevice& In;
     QIODevice& Out;
@@ -14,6 +14,8 @@ struct Console {
     bool ErrIsTerminal = false;
     const Clock& Time;
     Settings UserSettings;
+    /// The folder that holds the program, with the templates beside it.
+    QString ProgramFolder = {};
 };
 
 enum ExitStatus { Done = 0, Unusable = 1, WrongUsage = 2 };

@@ -8,15 +8,16 @@
 
 namespace {
 
-std::array<const Command*, 6> Commands() {
-    return {&ShowCommand(), &SaveCommand(), &CheckCommand(), &TakeCommand(), &ReportCommand(), &ScoreCommand()};
+std::array<const Command*, 7> Commands() {
+    return {&ShowCommand(),   &SaveCommand(),  &CheckCommand(), &TakeCommand(),
+            &ReportCommand(), &ScoreCommand(), &HtmlCommand()};
 }
 
 QString UsageLine(const Command& command) {
     QString line = QStringLiteral("vellumo-cli ") + command.Name + u' ' + command.Arguments;
     for (const OptionSpec& option : command.Options)
-        line += QStringLiteral(" [") + option.Name + (option.ValueName.isEmpty() ? QString() : u' ' + option.ValueName) +
-                u']';
+        line += QStringLiteral(" [") + option.Name +
+                (option.ValueName.isEmpty() ? QString() : u' ' + option.ValueName) + u']';
     return line;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <clocale>
 #include <csignal>
@@ -30,6 +31,12 @@ void HoldStandardStreams() {
 #endif
 }
 
+/// The folder that holds the program. A name without a folder was found in one of the folders of PATH.
+QString FolderOf(const QString& program) {
+    const QString found = program.contains(u'/') ? program : QStandardPaths::findExecutable(program);
+    return QFileInfo(QFileInfo(found.isEmpty() ? program : found).canonicalFilePath()).absolutePath();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -46,8 +53,8 @@ int main(int argc, char** argv) {
         arguments.append(QFile::decodeName(argv[i]));
 
     const SystemClock clock;
-    Console console{in, out, err, isatty(fileno(stderr)) != 0, clock, {}};
-    const QString folder = QFileInfo(QFile::decodeName(argc > 0 ? argv[0] : "")).absolutePath();
+    const QString folder = FolderOf(QFile::decodeName(argc > 0 ? argv[0] : ""));
+    Console console{in, out, err, isatty(fileno(stderr)) != 0, clock, {}, folder};
     PeekSettings(console.UserSettings, *MakeUserSettingsStore(), {folder, folder});
     return RunTool(arguments, console);
 }

@@ -23,6 +23,9 @@ struct Settings {
     QString TempHtmlDirectory;
 };
 
+/// The address of the program's own web page.
+inline constexpr const char* HomePage = "https://www.example.com/vellumo";
+
 /// What the defaults of a first run depend on.
 struct DefaultFolders {
     /// The folder that holds the program.

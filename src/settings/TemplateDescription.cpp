@@ -1,30 +1,14 @@
 #include "settings/TemplateDescription.h"
 
-#include "base/LineBreak.h"
 #include "base/SectionFinder.h"
-#include "platform/TextFile.h"
+#include "settings/TemplateFile.h"
 
-#include <QStringList>
-
-namespace {
-
-QString WithLineBreaks(QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    if (text.endsWith(u'\n'))
-        text.chop(1);
-    return text.replace(u'\n', LineBreak) + LineBreak;
-}
-
-} // namespace
-
-QString ReadTemplateDescription(const QString& path) {
-    if (path.isEmpty())
-        return {};
-    TextOfFile file;
-    if (const Result read = ReadTextFile(path, MaxTestFileBytes, file); !read)
+QString ReadTemplateDescription(const QString& path, const QString& programFolder) {
+    QString text;
+    if (path.isEmpty() || !ReadTemplateFile(path, programFolder, text))
         return {};
     try {
-        return FindSection(u"DESCRIPTION", WithLineBreaks(file.Text));
+        return FindSection(u"DESCRIPTION", text);
     } catch (const SectionError&) {
         return {};
     }

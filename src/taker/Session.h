@@ -19,4 +19,21 @@ struct Session {
     QString ReportFilePath;
     bool AutoReportDone = false;
     bool SpreadsheetExported = false;
+
+    /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
+    /// the settings say and may then be changed for the rest of the run.
+    QString HtmlTemplatePath;
+    QString HtmlEmailAddress;
+    QString HtmlNextPage;
+    /// The page generated last; "" when that failed.
+    QString GeneratedHtml;
+    /// What ends a multichoice question in a page. A template without it leaves that of the template before.
+    QString ClosingPart;
 };
+
+/// Lets the values of the web page's export begin as the settings say.
+inline void TakeHtmlSettings(Session& session) {
+    session.HtmlTemplatePath = session.UserSettings.HtmlTemplatePath;
+    session.HtmlEmailAddress = session.UserSettings.DefaultEmail;
+    session.HtmlNextPage = session.UserSettings.DefaultNextPage;
+}

@@ -77,7 +77,10 @@ class tst_cli : public QObject {
         const auto row = [](const char* line) { QTest::newRow(line) << QString::fromLatin1(line).split(u' '); };
         QTest::newRow("nothing") << QStringList();
         for (const char* line :
-             {"html t.vlm", "save a", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
+             {"html", "html a b", "html a --insert-into b", "html a --before b", "html a --insert-into b --before",
+              "html a --insert-into b --before c --after d", "html a --insert-into b --after c --fragment",
+              "html a --insert-into b --before=", "html a --output=",
+              "save a", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
               "report a b --row 0", "report a b --row x", "take a --now yesterday", "take a --client", "show a --x",
               "report a b --break-after-number=1", "report a b --break-after-number --no-break-after-number"})
             row(line);
@@ -91,7 +94,7 @@ class tst_cli : public QObject {
     }
 
     void RunTool_HelpAndVersion_OnEveryCommand() {
-        for (const char* name : {"", "show", "check", "take", "report", "score"}) {
+        for (const char* name : {"", "show", "check", "take", "report", "score", "html"}) {
             const QStringList command = *name ? QStringList{QString::fromLatin1(name)} : QStringList{};
             const Ran help = Run(command + QStringList{QStringLiteral("--help")});
             QCOMPARE(help.Status, 0);

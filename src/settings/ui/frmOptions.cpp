@@ -248,7 +248,7 @@ void frmOptions::TakeControls() {
 }
 
 void frmOptions::ReadDescription() {
-    txttempdesc_->setPlainText(ReadTemplateDescription(txteditor_[TemplateBox]->text()));
+    txttempdesc_->setPlainText(ReadTemplateDescription(txteditor_[TemplateBox]->text(), folders_.ProgramFolder));
 }
 
 void frmOptions::BackToWorkingDirectory() { ChangeDirectory(settings_.DefaultDirectory); }

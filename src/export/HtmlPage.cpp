@@ -1,0 +1,115 @@
+#include "export/HtmlPage.h"
+
+#include "base/Text.h"
+#include "platform/SafeFile.h"
+#include "settings/Settings.h"
+
+#include <QRegularExpression>
+#include <QStringDecoder>
+#include <QStringEncoder>
+
+namespace {
+
+/// A page past this many bytes is refused without being read.
+constexpr qint64 MaxHostBytes = 64 << 20;
+
+/// The encoding that the first meta element with one names, in lower case; "" when there is none. Comments don't count.
+QString DeclaredEncoding(const QString& page) {
+    static const QRegularExpression declaration(
+        QStringLiteral("<!--.*?-->|<meta\\b[^>]*\\bcharset\\s*=\\s*[\"']?\\s*([^\\s\"'/>;]+)"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    for (auto match = declaration.globalMatch(page); match.hasNext();)
+        if (const QString name = match.next().captured(1).toLower(); !name.isEmpty())
+            return name;
+    return {};
+}
+
+bool IsUtf8(const QString& name) {
+    // What declares UTF-16 in a page that could be read byte by byte is taken for UTF-8 by browsers.
+    return name == QStringLiteral("utf-8") || name == QStringLiteral("utf8") ||
+           name.startsWith(QStringLiteral("utf-16"));
+}
+
+/// The names under which browsers know windows-1252.
+bool IsWindows1252(const QString& name) {
+    static const QStringList names{QStringLiteral("windows-1252"), QStringLiteral("cp1252"),
+                                   QStringLiteral("x-cp1252"),     QStringLiteral("iso-8859-1"),
+                                   QStringLiteral("iso8859-1"),    QStringLiteral("iso_8859-1"),
+                                   QStringLiteral("latin1"),       QStringLiteral("l1"),
+                                   QStringLiteral("us-ascii"),     QStringLiteral("ascii")};
+    return names.contains(name);
+}
+
+/// The bytes in the code page, or nothing when a character doesn't fit it.
+std::optional<QByteArray> InCodePage(const QString& text) {
+    bool fits = false;
+    const QByteArray bytes = EncodeCodePage(text, &fits);
+    return fits ? std::optional(bytes) : std::nullopt;
+}
+
+/// The bytes in another encoding, or nothing when it isn't known here or would change a character.
+std::optional<QByteArray> InEncoding(const QString& text, const QString& name) {
+    QStringEncoder encoder(name.toLatin1().constData());
+    QStringDecoder decoder(name.toLatin1().constData());
+    if (!encoder.isValid() || !decoder.isValid())
+        return std::nullopt;
+    const QByteArray bytes = encoder.encode(text);
+    const QString back = decoder.decode(bytes);
+    return back == text ? std::optional(bytes) : std::nullopt;
+}
+
+} // namespace
+
+QString NewPage(const QString& title, const QString& generated) {
+    return QStringLiteral("<html><head><title>") + title +
+           QStringLiteral("</title></head><body bgcolor='#FFFFFF' text='#000080'>") + generated +
+           QStringLiteral("<p align='center'>Test Created By <a href='") + QLatin1String(HomePage) +
+           QStringLiteral("'>Vellumo</a>.</p></body></html>");
+}
+
+Result ReadHostPage(const QString& path, HostPage& host) {
+    TextOfFile file;
+    if (const Result read = ReadTextFile(path, MaxHostBytes, file); !read)
+        return Result::Failed(QStringLiteral("Can't read the page '") + path + QStringLiteral("': ") + read.Message());
+    const QString declared = DeclaredEncoding(file.Text);
+    if (file.Encoding == TextEncoding::CodePage && !declared.isEmpty() && !IsUtf8(declared) &&
+        !IsWindows1252(declared)) {
+        // Every byte has its own character in the code page, so the way back gives the file's bytes.
+        QStringDecoder decoder(declared.toLatin1().constData());
+        const QString text = decoder.isValid() ? decoder.decode(EncodeCodePage(file.Text)) : QString();
+        if (!text.isEmpty() && !decoder.hasError())
+            file.Text = text;
+    }
+    host = {WithLineBreaks(file.Text), file.Encoding};
+    return Result::Done();
+}
+
+std::optional<QString> InsertInto(const QString& host, const QString& generated, const InsertionPoint& point) {
+    const qsizetype found = host.indexOf(point.Text, 0, Qt::CaseInsensitive);
+    if (found < 0)
+        return std::nullopt;
+    const qsizetype at = found + (point.After ? point.Text.size() : 0);
+    return host.first(at) + generated + host.sliced(at);
+}
+
+QByteArray EncodePage(const QString& text, TextEncoding hostEncoding) {
+    const QString declared = DeclaredEncoding(text);
+    const QByteArray mark("\xEF\xBB\xBF");
+    if (IsUtf8(declared))
+        return (hostEncoding == TextEncoding::Utf8WithMark ? mark : QByteArray()) + text.toUtf8();
+    std::optional<QByteArray> bytes;
+    if (IsWindows1252(declared))
+        bytes = InCodePage(text);
+    else if (!declared.isEmpty())
+        bytes = InEncoding(text, declared);
+    else if (hostEncoding != TextEncoding::Utf8WithMark)
+        bytes = InCodePage(text);
+    // Where nothing is declared, bytes that would be read as UTF-8 stand for other letters.
+    if (bytes && declared.isEmpty() && DecodeText(*bytes).Text != text)
+        bytes.reset();
+    return bytes.value_or(mark + text.toUtf8());
+}
+
+Result WritePage(const QString& path, const QString& text, TextEncoding hostEncoding) {
+    return WriteFile(path, EncodePage(text, hostEncoding), Audience::Everybody);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "base/Failure.h"
+#include "platform/TextFile.h"
+
+#include <QString>
+
+#include <optional>
+
+/// A page that stands by itself: the generated text between its head and the line that names the program.
+QString NewPage(const QString& title, const QString& generated);
+
+/// Where a generated text goes in a page that is already there.
+struct InsertionPoint {
+    QString Text;
+    bool After = false;
+};
+
+/// An existing page as text, its lines ended by CR LF.
+struct HostPage {
+    QString Text;
+    TextEncoding Encoding = TextEncoding::CodePage;
+};
+
+/// Reads a page, in the encoding that it declares where that is neither UTF-8 nor the code page. Fails with a message
+/// that names the file.
+Result ReadHostPage(const QString& path, HostPage& host);
+
+/// The host with the generated text before or behind the first occurrence of the insertion text, which is found without
+/// regard to case. Nothing when it isn't there.
+std::optional<QString> InsertInto(const QString& host, const QString& generated, const InsertionPoint& point);
+
+/// The bytes of a page: in the encoding that it declares in a meta element; in the code page when it declares none, or
+/// with a byte order mark when the page that it was inserted into had one; and in UTF-8 with a byte order mark when a
+/// character would not survive in that encoding.
+QByteArray EncodePage(const QString& text, TextEncoding hostEncoding = TextEncoding::CodePage);
+
+/// Writes a page. It may be read by everybody: it is meant to be put on the web.
+Result WritePage(const QString& path, const QString& text, TextEncoding hostEncoding);
