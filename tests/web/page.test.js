@@ -1,0 +1,277 @@
+import assert from 'node:assert/strict';
+import { createServer } from 'node:http';
+import { after, before, test } from 'node:test';
+import * as web from './support.js';
+
+let browser;
+before(async () => { browser = await web.launch(); });
+after(async () => browser.close());
+
+const small = '[TITLE]Small[/TITLE][INTRODUCTION]Hello.<P>Welcome.[/INTRODUCTION][SUBSCALES][S]One[SIG]0 to 9 =fine[/SIG][/S][/SUBSCALES]' +
+  '[Q]First?[A]no[v=0][/A][A]yes[v=2][/A][SS=1][/Q][Q]Second?[QT]2[/QT][/Q][Q]Third?[QT]3[/QT][/Q][Q]Fourth?[A]a[v=1][/A][A]b[v=3][/A][/Q]';
+const smallPage = (...options) => web.makePage(web.put('small.vlm', small), ...options);
+const clean = tab => assert.deepEqual([tab.errors, tab.loaded], [[], []]);
+const focused = tab => tab.evaluate(() => document.activeElement.closest('fieldset')?.id ?? document.activeElement.id);
+
+test('axe finds nothing, in light and dark, wide and narrow', async () => {
+  const document = JSON.parse(web.cli('show', web.sample('Mood Diary')));
+  const answers = web.randomAnswers(document, web.randomFrom(7));
+  const page = web.makePage(web.sample('Mood Diary'));
+  for (const options of [{ colorScheme: 'light' }, { colorScheme: 'dark' }, { colorScheme: 'dark', viewport: { width: 320, height: 640 } },
+    { forcedColors: 'active' }]) {
+    const tab = await web.open(browser, page, options);
+    assert.deepEqual(await web.violations(tab), []);
+    await web.giveAnswers(tab, document, answers);
+    await tab.click('#vellumo-form button[type=submit]');
+    assert.ok(await tab.isVisible('#vellumo-open'));
+    assert.deepEqual(await web.violations(tab), []);
+    await tab.click('#vellumo-anyway');
+    await tab.click('summary');
+    assert.deepEqual(await web.violations(tab), []);
+    const [width, room] = await tab.evaluate(() => [globalThis.document.documentElement.scrollWidth, innerWidth]);
+    assert.ok(width <= room, `${width} in ${room}`);
+    clean(tab);
+    await tab.context().close();
+  }
+});
+
+test('texts stand under the questions that they belong to', async () => {
+  const tab = await web.open(browser, smallPage());
+  assert.equal(await tab.title(), 'Small');
+  assert.deepEqual(await tab.locator('#vellumo-show-introduction p').allTextContents(), ['Hello.', 'Welcome.']);
+  assert.deepEqual(await tab.locator('fieldset legend').allTextContents(), ['1. First?', '2. Second?', '3. Third?', '4. Fourth?']);
+  assert.deepEqual(await tab.locator('#vellumo-question-4 label').allTextContents(), ['a', 'b']);
+  assert.ok(await tab.getByRole('group', { name: '1. First?' }).isVisible());
+  assert.ok(await tab.getByRole('radio', { name: 'yes' }).isVisible());
+  assert.ok(await tab.getByRole('textbox', { name: 'Your answer to question 2' }).isVisible());
+  assert.equal(await tab.getByRole('progressbar', { name: '0 of 4 questions answered' }).count(), 1);
+  await tab.context().close();
+});
+
+test('a section that the test leaves empty is not shown', async () => {
+  const tab = await web.open(browser, smallPage());
+  for (const name of ['instructions', 'completion-message'])
+    assert.ok(await tab.isHidden(`#vellumo-show-${name}`), name);
+  await web.finish(tab);
+  assert.doesNotMatch(await tab.innerText('body'), /\[/);
+  await tab.context().close();
+});
+
+test('questions without an answer are listed and can be jumped to', async () => {
+  const tab = await web.open(browser, smallPage());
+  await tab.getByLabel('yes').check();
+  await tab.fill('#vellumo-question-3 textarea', 'words');
+  assert.equal(await tab.innerText('#vellumo-progress-text'), '2 of 4 questions answered');
+  await tab.click('text="Show the result"');
+  assert.ok(await tab.isHidden('#vellumo-result'));
+  assert.equal(await focused(tab), 'vellumo-open-title');
+  assert.deepEqual(await tab.locator('#vellumo-open-list a').allTextContents(), ['2. Second?', '4. Fourth?']);
+  await tab.click('#vellumo-open-list >> text=4. Fourth?');
+  assert.equal(await focused(tab), 'vellumo-question-4');
+  await tab.keyboard.press('Space');
+  assert.deepEqual(await tab.locator('#vellumo-open-list a').allTextContents(), ['2. Second?']);
+  await tab.fill('#vellumo-question-2 input', 'x');
+  await tab.click('text="Show the result"');
+  assert.ok(await tab.isVisible('#vellumo-result'));
+  assert.equal(await focused(tab), 'vellumo-result-title');
+  assert.equal(await tab.textContent('#vellumo-total-score .score'), '3');
+  clean(tab);
+  await tab.context().close();
+});
+
+test('the keyboard alone takes the whole test', async () => {
+  const tab = await web.open(browser, smallPage());
+  for (const key of ['Tab', 'ArrowDown', 'Tab', 's', 'Tab', 't', 'Tab', 'Space', 'ArrowDown', 'Tab', 'Enter'])
+    await tab.keyboard.press(key);
+  assert.equal(await focused(tab), 'vellumo-result-title');
+  assert.equal(await tab.textContent('#vellumo-total-score .score'), '5');
+  const outline = await tab.evaluate(() => {
+    document.getElementById('vellumo-print').focus();
+    return getComputedStyle(document.activeElement).outlineStyle;
+  });
+  assert.equal(outline, 'solid');
+  await tab.context().close();
+});
+
+test('answers survive a reload in the same tab, and only there', async () => {
+  const page = smallPage();
+  const tab = await web.open(browser, page);
+  await tab.getByLabel('yes').check();
+  await tab.fill('#vellumo-question-2 input', '<i>&amp;"');
+  await tab.reload();
+  assert.ok(await tab.getByLabel('yes').isChecked());
+  assert.equal(await tab.inputValue('#vellumo-question-2 input'), '<i>&amp;"');
+  assert.equal(await tab.innerText('#vellumo-progress-text'), '2 of 4 questions answered');
+  await web.finish(tab);
+  await tab.click('text=Start again');
+  assert.equal(tab.dialogs.length, 1);
+  await tab.reload();
+  assert.equal(await tab.innerText('#vellumo-progress-text'), '0 of 4 questions answered');
+  const other = await web.open(browser, page);
+  assert.ok(!await other.getByLabel('yes').isChecked());
+  await tab.context().close();
+  await other.context().close();
+});
+
+const hostile = ['</script><script>attack()</script>', '<script>attack()</script>', '<img src=x onerror=attack()>', '"\'`<&amp;&lt;>',
+  '\\\'+attack()+\\\'', '\\', '\\\\\'', '\',\'', '<!--', '--><script>attack()</script>', '</textarea></style></title></template><script>attack()</script>',
+  '${attack()}', '<svg onload=attack()>', '<!--<script>', ']]>', '&#60;b&#62;', 'javascript:attack()', '\u2028 \uFEFF é ж 😀'];
+
+for (const [i, text] of hostile.entries())
+  test(`a text stays a text: ${text}`, async () => {
+    // A title ends a page's own title, which no template can mend.
+    const title = text.includes('</title>') ? 'T' : text;
+    const path = web.put('hostile.vlm', Buffer.from('\uFEFF' + `[TITLE]${title}[/TITLE][INTRODUCTION]${text}[/INTRODUCTION][INSTRUCTIONS]${text}[/INSTRUCTIONS]` +
+      `[COMPLETION MESSAGE]${text}[/COMPLETION MESSAGE][SUBSCALES][S]${text}[SIG]0 to 9 =${text}[/SIG][/S][S]'${text}'[SIG]0 to 9 =x[/SIG][/S][/SUBSCALES]` +
+      `[TOTAL][SIG]0 to 9 =${text}[/SIG][/TOTAL][Q]${text}[A]${text}[v=1][/A][SS=1][/Q][Q]${text}[QT]2[/QT][/Q][Q]${text}[QT]3[/QT][/Q]`));
+    const tab = await web.open(browser, web.makePage(path, '--email', text + '@', '--next-page', text), {}, () => {
+      globalThis.attack = () => { globalThis.attacked = true; };
+    });
+    assert.equal(await tab.isVisible('#vellumo-damaged'), false);
+    assert.equal((await tab.textContent('h1')).trim(), title.trim());
+    for (const name of ['introduction', 'instructions'])
+      assert.equal(await tab.textContent(`#vellumo-show-${name}`), text);
+    assert.deepEqual(await tab.locator('legend').allTextContents(), [1, 2, 3].map(q => `${q}. ${text}`));
+    assert.equal(await tab.textContent('#vellumo-question-1 label'), text);
+    await tab.check('input[type=radio]');
+    await web.finish(tab);
+    assert.deepEqual(await tab.locator('#vellumo-subscale-scores .name').allTextContents(), [text, `'${text}'`]);
+    assert.deepEqual(await tab.locator('#vellumo-subscale-analysis p').allTextContents(), [`${text} = ${text}`, `'${text}' = x`]);
+    assert.equal(await tab.textContent('#vellumo-total-analysis'), text);
+    assert.equal(await tab.textContent('#vellumo-show-completion-message'), text);
+    assert.equal(await tab.evaluate(() => globalThis.attacked), undefined);
+    assert.deepEqual([tab.errors, tab.loaded, tab.dialogs], [[], [], []], `text ${i}`);
+    await tab.context().close();
+  });
+
+const spilling = ['</noembed></label></div><b>x</b>', '</noembed>x', '</noembed></main>', '</noembed><!-- x -->'];
+const places = text => [`[Q]${text}[A]a[v=1][/A][/Q]`, `[Q]q[A]${text}[v=1][/A][/Q]`,
+  `[INTRODUCTION]${text}[/INTRODUCTION][Q]q[A]a[v=1][/A][/Q]`, `[TOTAL][SIG]0 to 1 =${text}[/SIG][/TOTAL][Q]q[A]a[v=1][/A][/Q]`,
+  `[SUBSCALES][S]${text}[/S][/SUBSCALES][Q]q[A]a[v=1][/A][/Q]`];
+
+for (const text of spilling)
+  test(`a text that ends its place is told in words, and nothing is scored: ${text}`, async () => {
+    for (const place of places(text)) {
+      const path = web.put('spill.vlm', place);
+      const tab = await web.open(browser, web.makePage(path));
+      assert.ok(await tab.isVisible('text=This page is damaged'), place);
+      assert.ok(await tab.isHidden('#vellumo-test'), place);
+      assert.match(web.cli('check', path), /which breaks a generated page/);
+      await tab.context().close();
+    }
+  });
+
+/** A server that notes what is posted to it. */
+const listen = () => new Promise(done => {
+  const posts = [];
+  const server = createServer((request, response) => {
+    let body = '';
+    request.on('data', piece => { body += piece; });
+    request.on('end', () => {
+      // Browsers ask for a picture of the site too.
+      if (request.url === '/form')
+        posts.push({ method: request.method, fields: new URLSearchParams(body) });
+      response.end('Thank you');
+    });
+  });
+  server.listen(0, '127.0.0.1', () => done({ server, posts, address: `http://127.0.0.1:${server.address().port}/form` }));
+});
+
+test('"Send" posts to the form script, and nothing goes there without it', async () => {
+  const { server, posts, address } = await listen();
+  const tab = await web.open(browser, smallPage('--email', `${address} me@example.com`, '--next-page', 'https://next.example.com/'));
+  await tab.getByLabel('yes').check();
+  await tab.fill('#vellumo-question-2 input', 'ä & "<');
+  await web.finish(tab);
+  await tab.fill('#vellumo-name', 'Ann');
+  await web.savedText(tab);
+  assert.match(await tab.innerText('#vellumo-send-note'), /posts your answers and the result to 127\.0\.0\.1/);
+  assert.equal(posts.length, 0);
+  await tab.click('#vellumo-send');
+  await tab.waitForURL(address);
+  server.close();
+  assert.equal(posts.length, 1);
+  assert.equal(posts[0].method, 'POST');
+  const { report, ...fields } = Object.fromEntries(posts[0].fields);
+  assert.deepEqual(fields, {
+    recipient: 'me@example.com', subject: 'Test result: Small', redirect: 'https://next.example.com/', name: 'Ann',
+    answer_1: 'yes', answer_2: 'ä & "<', answer_3: '', answer_4: '', total: '2', subscale_1: '2'
+  });
+  assert.match(report, /^SMALL REPORT\r\n FOR ANN\r\n[^]*2\. Second\? =  ä & "<\r\n[^]*QUESTIONS NOT ANSWERED: 3, 4\.\r\n[^]*One = fine\r\n/);
+  await tab.goBack();
+  assert.ok(await tab.getByLabel('yes').isChecked());
+  await tab.context().close();
+});
+
+test('"Send" opens an e-mail, a long one without the answers', async () => {
+  const tab = await web.open(browser, smallPage('--email', 'me@example.com', '--next-page', 'next.html'));
+  const network = await tab.context().newCDPSession(tab);
+  await network.send('Page.enable');
+  const mails = [];
+  network.on('Page.frameRequestedNavigation', event => mails.push(new URL(event.url)));
+  await tab.fill('#vellumo-question-2 input', 'one & two');
+  await web.finish(tab);
+  assert.equal(mails.length, 0);
+  await tab.click('#vellumo-send');
+  await tab.waitForFunction(() => document.getElementById('vellumo-sent').textContent !== '');
+  assert.equal(mails[0].protocol + mails[0].pathname, 'mailto:me@example.com');
+  assert.match(mails[0].searchParams.get('body'), /2\. Second\? =  one & two\r\n/);
+  assert.match(await tab.getAttribute('#vellumo-sent a', 'href'), /^file:.*next\.html$/);
+  await tab.click('text=Back to the questions');
+  await tab.fill('#vellumo-question-2 input', 'long '.repeat(500));
+  await web.finish(tab);
+  await tab.click('#vellumo-send');
+  await tab.waitForFunction(() => /attach the file/.test(document.getElementById('vellumo-sent').textContent));
+  assert.match(mails[1].searchParams.get('body'), /CUMULATIVE SCORE= 0/);
+  assert.doesNotMatch(mails[1].searchParams.get('body'), /long/);
+  await tab.context().close();
+});
+
+test('an address that is none is told in words, and no address means no sending', async () => {
+  for (const [email, note] of [['nobody', /neither an e-mail address/], ['javascript:alert(1)', /neither an e-mail address/], ['', /^$/]]) {
+    const tab = await web.open(browser, smallPage('--email', email));
+    await web.finish(tab);
+    assert.ok(await tab.isHidden('#vellumo-send'));
+    assert.match(await tab.textContent('#vellumo-send-note'), note);
+    await tab.context().close();
+  }
+});
+
+test('a page that the test was put into keeps what it has', async () => {
+  const host = web.put('host.html', '<!DOCTYPE html><html lang="de"><head><meta charset="utf-8"><title>Haus</title></head>' +
+    '<body style="background: #fff"><h1>Grüße</h1><p id="before">vor</p><hr><p id="behind">nach</p></body></html>');
+  const tab = await web.open(browser, smallPage('--insert-into', host, '--after', '<hr>'));
+  assert.equal(await tab.title(), 'Haus');
+  assert.equal(await tab.getAttribute('html', 'lang'), 'de');
+  assert.equal(await tab.innerText('h1 >> nth=0'), 'Grüße');
+  assert.equal(await tab.locator('body > #behind').count(), 1);
+  assert.equal(await tab.locator('body').evaluate(body => getComputedStyle(body).backgroundColor), 'rgb(255, 255, 255)');
+  await tab.getByLabel('yes').check();
+  await web.finish(tab);
+  assert.equal(await tab.textContent('#vellumo-total-score .score'), '2');
+  clean(tab);
+  await tab.context().close();
+});
+
+test('without JavaScript the page says what it needs', async () => {
+  const tab = await web.open(browser, smallPage(), { javaScriptEnabled: false });
+  assert.match(await tab.innerText('body'), /^\s*This test needs JavaScript[^[]*Test Created By Vellumo\.\s*$/);
+  await tab.context().close();
+});
+
+test('a test of 200 questions is soon ready to use', async context => {
+  const question = i => `[Q]Statement number ${i} about an ordinary day[A]never[v=0][/A][A]rarely[v=1][/A][A]often[v=2][/A][A]always[v=3][/A][SS=${i % 5 + 1}][/Q]`;
+  const path = web.put('200.vlm', '[TITLE]200[/TITLE][SUBSCALES]' + '[S]s[SIG]0 to 9 =x[/SIG][/S]'.repeat(5) + '[/SUBSCALES]' +
+    Array.from({ length: 200 }, (_, i) => question(i + 1)).join(''));
+  const tab = await web.open(browser, web.makePage(path));
+  const times = [];
+  for (let i = 0; i < 5; ++i) {
+    await tab.reload();
+    times.push(await tab.evaluate(() => performance.getEntriesByType('navigation')[0].domContentLoadedEventEnd));
+  }
+  assert.equal(await tab.locator('fieldset').count(), 200);
+  const best = Math.min(...times);
+  context.diagnostic(`ready after ${Math.round(best)} ms`);
+  assert.ok(best <= 300, `${best} ms`);
+  await tab.context().close();
+});
