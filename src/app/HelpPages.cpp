@@ -36,6 +36,8 @@ QString HelpPageOf(HelpTopic topic) {
         return QStringLiteral("editor-automation.html");
     case HelpTopic::EditorExport:
         return QStringLiteral("editor-export.html");
+    case HelpTopic::HtmlExport:
+        return QStringLiteral("html-export.html");
     }
     return HelpIndexPage;
 }

@@ -21,6 +21,7 @@ enum class HelpTopic {
     EditorOptions,
     EditorAutomation,
     EditorExport,
+    HtmlExport,
 };
 
 /// How a window gets to the other windows. A window asks here and never makes another subsystem's window itself.

@@ -53,4 +53,6 @@ void SaveSettingPairs(const QList<QPair<QString, QString>>& pairs, SettingsStore
 /// The keys that other windows write one by one, and the words for a boolean.
 inline const QString NamePersistKey = QStringLiteral("NamePersist");
 inline const QString AdministratorNameKey = QStringLiteral("AdministratorName");
+inline const QString HtmlDirectoryKey = QStringLiteral("dirhtml");
+inline const QString TempHtmlDirectoryKey = QStringLiteral("dirtemphtml");
 QString SettingText(bool value);

@@ -37,3 +37,14 @@ inline void TakeHtmlSettings(Session& session) {
     session.HtmlEmailAddress = session.UserSettings.DefaultEmail;
     session.HtmlNextPage = session.UserSettings.DefaultNextPage;
 }
+
+/// The same for those that differ from earlier settings; what was changed for the run alone stays.
+inline void TakeChangedHtmlSettings(Session& session, const Settings& earlier) {
+    const Settings& now = session.UserSettings;
+    if (now.HtmlTemplatePath != earlier.HtmlTemplatePath)
+        session.HtmlTemplatePath = now.HtmlTemplatePath;
+    if (now.DefaultEmail != earlier.DefaultEmail)
+        session.HtmlEmailAddress = now.DefaultEmail;
+    if (now.DefaultNextPage != earlier.DefaultNextPage)
+        session.HtmlNextPage = now.DefaultNextPage;
+}

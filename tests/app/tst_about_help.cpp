@@ -21,7 +21,7 @@ const QList<HelpTopic> Topics = {HelpTopic::StartScreen,      HelpTopic::TestWin
                                  HelpTopic::ReportEditor,     HelpTopic::About,           HelpTopic::Editor,
                                  HelpTopic::EditorAboutTest,  HelpTopic::EditorSubscales, HelpTopic::EditorTemplate,
                                  HelpTopic::EditorQuestions,  HelpTopic::EditorAnalysis,  HelpTopic::EditorOptions,
-                                 HelpTopic::EditorAutomation, HelpTopic::EditorExport};
+                                 HelpTopic::EditorAutomation, HelpTopic::EditorExport,    HelpTopic::HtmlExport};
 
 QString PageText(const QString& page) {
     QFile file(QStringLiteral(":/help/") + page);

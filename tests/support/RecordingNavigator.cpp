@@ -68,6 +68,8 @@ QString RecordingNavigator::NameOf(HelpTopic topic) {
         return QStringLiteral("EditorAutomation");
     case HelpTopic::EditorExport:
         return QStringLiteral("EditorExport");
+    case HelpTopic::HtmlExport:
+        return QStringLiteral("HtmlExport");
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #include "app/ui/AppNavigator.h"
 
 #include "app/ui/AboutBox.h"
+#include "export/ui/DialogHTML.h"
 #include "settings/ui/frmOptions.h"
 #include "taker/ui/frmClient.h"
 #include "testdoc/TestParser.h"
@@ -10,7 +11,6 @@
 
 namespace {
 
-const QString NoHtmlExport = QStringLiteral("The export as a web page is not part of this version of Vellumo yet.");
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
 
 QString LeftTestQuestion(const RecoveredTest& left) {
@@ -108,11 +108,12 @@ bool AppNavigator::AskNames(const QString& caption) {
 
 void AppNavigator::ShowGeneralOptions() {
     Settings& settings = parts_.Run.UserSettings;
-    const QString nameBefore = settings.AdministratorName;
+    const Settings before = settings;
     frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, QApplication::activeWindow()).exec();
     // A name that was given for one test only isn't among the settings, and stays.
-    if (settings.AdministratorName != nameBefore)
+    if (settings.AdministratorName != before.AdministratorName)
         parts_.Run.AdministratorName = settings.AdministratorName;
+    TakeChangedHtmlSettings(parts_.Run, before);
 }
 
 void AppNavigator::ShowText(const QString& text, const QString& caption) {
@@ -184,7 +185,11 @@ bool AppNavigator::OfferLeftTest() {
     return true;
 }
 
-void AppNavigator::ExportHtml() { parts_.Ports.Boxes.Inform(NoHtmlExport); }
+void AppNavigator::ExportHtml() {
+    DialogHTML({parts_.Run, parts_.Ports.Boxes, parts_.Programs, parts_.Store, parts_.Folders.ProgramFolder},
+               parts_.Ports.Files, *this, QApplication::activeWindow())
+        .exec();
+}
 
 void AppNavigator::EndProgram() {
     ended_ = true;

@@ -1,6 +1,7 @@
 #include "settings/ui/frmOptions.h"
 
 #include "platform/Directories.h"
+#include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
@@ -34,35 +35,6 @@ const std::array<BrowseDialog, 3>& BrowseDialogs() {
 }
 
 constexpr int TemplateBox = 2;
-
-/// One line of a form: label, box, and a button at its end when there is one.
-void AddRow(QGridLayout* grid, const QString& caption, QWidget* box, QWidget* button = nullptr) {
-    const int row = grid->rowCount();
-    auto* label = new QLabel(caption);
-    label->setBuddy(box);
-    box->setAccessibleName(caption);
-    const bool lines = qobject_cast<QPlainTextEdit*>(box) != nullptr;
-    grid->addWidget(label, row, 0, lines ? Qt::AlignTop : Qt::Alignment());
-    grid->addWidget(box, row, 1, 1, button ? 1 : 2);
-    if (button)
-        grid->addWidget(button, row, 2);
-}
-
-QGridLayout* MakeGrid(QGroupBox* group) {
-    auto* grid = new QGridLayout(group);
-    SetRoom(*grid, 2, 1);
-    grid->setHorizontalSpacing(2 * GridUnit);
-    grid->setColumnMinimumWidth(0, 21 * GridUnit);
-    grid->setColumnStretch(1, 1);
-    return grid;
-}
-
-QPushButton* MakeBrowseButton(const QString& name, const QString& accessibleName) {
-    auto* button = Named(new QPushButton(QStringLiteral("Browse...")), name);
-    button->setAccessibleName(accessibleName);
-    button->setAutoDefault(false);
-    return button;
-}
 
 QWidget* MakePage(const QString& name, std::initializer_list<QWidget*> groups) {
     auto* page = Named(new QWidget, name);
@@ -108,7 +80,7 @@ QWidget* frmOptions::MakeHtmlPage() {
 
 QWidget* frmOptions::MakeAdministratorGroup() {
     auto* group = new QGroupBox(QStringLiteral("Test Administrator"));
-    auto* grid = MakeGrid(group);
+    auto* grid = MakeFormGrid(group);
     TxtTestAdministrator_ = Named(new QLineEdit, QStringLiteral("TxtTestAdministrator"));
     TxtTestAdministrator_->setAccessibleName(QStringLiteral("Test Administrator"));
     Chkpersist_ = Named(new QCheckBox(QStringLiteral("Persist Between Tests")), QStringLiteral("Chkpersist"));
@@ -119,11 +91,11 @@ QWidget* frmOptions::MakeAdministratorGroup() {
 
 QWidget* frmOptions::MakeQuestionsGroup() {
     auto* group = new QGroupBox(QStringLiteral("Reporting Questions"));
-    auto* grid = MakeGrid(group);
+    auto* grid = MakeFormGrid(group);
     for (size_t i = 0; i < txtsuffix_.size(); ++i)
         txtsuffix_[i] = Named(new QLineEdit, QStringLiteral("txtsuffix_%1").arg(i));
-    AddRow(grid, QStringLiteral("Question Prefix"), txtsuffix_[0]);
-    AddRow(grid, QStringLiteral("Question Suffix"), txtsuffix_[1]);
+    AddFormRow(grid, QStringLiteral("Question Prefix"), txtsuffix_[0]);
+    AddFormRow(grid, QStringLiteral("Question Suffix"), txtsuffix_[1]);
     ChkCarriageReturn_ =
         Named(new QCheckBox(QStringLiteral("Carriage Return after")), QStringLiteral("ChkCarriageReturn"));
     grid->addWidget(ChkCarriageReturn_, grid->rowCount(), 1, 1, 2);
@@ -132,7 +104,7 @@ QWidget* frmOptions::MakeQuestionsGroup() {
 
 QWidget* frmOptions::MakeFilesGroup() {
     auto* group = new QGroupBox(QStringLiteral("Files"));
-    auto* grid = MakeGrid(group);
+    auto* grid = MakeFormGrid(group);
     Txtdirectory_ = Named(new QLineEdit, QStringLiteral("Txtdirectory"));
     CmddefaultDir_ = MakeBrowseButton(QStringLiteral("CmddefaultDir"), QStringLiteral("Select a directory"));
     connect(CmddefaultDir_, &QPushButton::clicked, this, &frmOptions::CmddefaultDir_Click);
@@ -141,32 +113,32 @@ QWidget* frmOptions::MakeFilesGroup() {
         Command2_[i] = MakeBrowseButton(QStringLiteral("Command2_%1").arg(i), BrowseDialogs()[i].Title);
         connect(Command2_[i], &QPushButton::clicked, this, [this, i] { Command2_Click(static_cast<int>(i)); });
     }
-    AddRow(grid, QStringLiteral("Working Directory"), Txtdirectory_, CmddefaultDir_);
-    AddRow(grid, QStringLiteral("Default Text Editor"), txteditor_[0], Command2_[0]);
-    AddRow(grid, QStringLiteral("Default Web Browser"), txteditor_[1], Command2_[1]);
+    AddFormRow(grid, QStringLiteral("Working Directory"), Txtdirectory_, CmddefaultDir_);
+    AddFormRow(grid, QStringLiteral("Default Text Editor"), txteditor_[0], Command2_[0]);
+    AddFormRow(grid, QStringLiteral("Default Web Browser"), txteditor_[1], Command2_[1]);
     return group;
 }
 
 QWidget* frmOptions::MakeTemplateGroup() {
     auto* group = new QGroupBox(QStringLiteral("HTML Template File"));
-    auto* grid = MakeGrid(group);
-    AddRow(grid, QStringLiteral("Template File"), txteditor_[TemplateBox], Command2_[TemplateBox]);
+    auto* grid = MakeFormGrid(group);
+    AddFormRow(grid, QStringLiteral("Template File"), txteditor_[TemplateBox], Command2_[TemplateBox]);
     connect(txteditor_[TemplateBox], &QLineEdit::editingFinished, this, &frmOptions::ReadDescription);
     txttempdesc_ = Named(new QPlainTextEdit, QStringLiteral("txttempdesc"));
     txttempdesc_->setReadOnly(true);
     txttempdesc_->setTabChangesFocus(true);
     txttempdesc_->setMinimumHeight(12 * GridUnit);
-    AddRow(grid, QStringLiteral("Description"), txttempdesc_);
+    AddFormRow(grid, QStringLiteral("Description"), txttempdesc_);
     return group;
 }
 
 QWidget* frmOptions::MakePageGroup() {
     auto* group = new QGroupBox(QStringLiteral("Required by CGI scripts"));
-    auto* grid = MakeGrid(group);
+    auto* grid = MakeFormGrid(group);
     txtEmail_ = Named(new QLineEdit, QStringLiteral("txtEmail"));
     txtNextPage_ = Named(new QLineEdit, QStringLiteral("txtNextPage"));
-    AddRow(grid, QStringLiteral("E-mail Address"), txtEmail_);
-    AddRow(grid, QStringLiteral("Next Page"), txtNextPage_);
+    AddFormRow(grid, QStringLiteral("E-mail Address"), txtEmail_);
+    AddFormRow(grid, QStringLiteral("Next Page"), txtNextPage_);
     return group;
 }
 
