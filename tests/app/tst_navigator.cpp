@@ -50,6 +50,8 @@ class tst_navigator : public QObject {
     void AskNames_Escape_IsCancel();
     void GeneralOptions_NameChanged_IsTheNameOfTheRun();
     void GeneralOptions_NameLeftAlone_KeepsTheNameOfThisTest();
+    void GeneralOptions_TemplateChanged_IsTheExports();
+    void ExportHtml_Always_OpensTheWindowOnTheSettings();
     void Help_NoDialog_UsesOneWindow();
     void Help_FromDialog_IsNotBlockedByIt();
     void About_FromStartScreen_Opens();
@@ -284,6 +286,36 @@ void tst_navigator::GeneralOptions_NameLeftAlone_KeepsTheNameOfThisTest() {
     DialogDriver driver([](QDialog& dialog) { Click(dialog, QStringLiteral("OkButton")); });
     Click(*program.navigator.StartScreen(), QStringLiteral("Label5"));
     QCOMPARE(program.session.AdministratorName, QStringLiteral("Only today"));
+}
+
+void tst_navigator::GeneralOptions_TemplateChanged_IsTheExports() {
+    Started program;
+    program.session.HtmlNextPage = QStringLiteral("only today");
+    DialogDriver driver([](QDialog& dialog) {
+        Find<QLineEdit>(dialog, QStringLiteral("txteditor_2")).setText(QStringLiteral("new.vlx"));
+        Find<QLineEdit>(dialog, QStringLiteral("txtEmail")).setText(QStringLiteral("new@example.com"));
+        Click(dialog, QStringLiteral("OkButton"));
+    });
+    Click(*program.navigator.StartScreen(), QStringLiteral("Label5"));
+    QCOMPARE(program.session.HtmlTemplatePath, QStringLiteral("new.vlx"));
+    QCOMPARE(program.session.HtmlEmailAddress, QStringLiteral("new@example.com"));
+    QCOMPARE(program.session.HtmlNextPage, QStringLiteral("only today"));
+}
+
+void tst_navigator::ExportHtml_Always_OpensTheWindowOnTheSettings() {
+    Program program;
+    program.store.Values[QStringLiteral("defaultHTMLTemplate")] = QStringLiteral("T.vlx");
+    program.store.Values[QStringLiteral("defaultEmail")] = QStringLiteral("me@example.com");
+    program.Put(QStringLiteral("T.vlx"), "[DESCRIPTION]mine[/DESCRIPTION]");
+    program.navigator.ShowStartScreen();
+    DialogDriver driver([](QDialog& dialog) {
+        QCOMPARE(dialog.objectName(), QStringLiteral("DialogHTML"));
+        QCOMPARE(Find<QLineEdit>(dialog, QStringLiteral("txtEmail")).text(), QStringLiteral("me@example.com"));
+        QCOMPARE(Find<QPlainTextEdit>(dialog, QStringLiteral("txttempdesc")).toPlainText(), QStringLiteral("mine"));
+        Click(dialog, QStringLiteral("CancelButton"));
+    });
+    program.navigator.ExportHtml();
+    QVERIFY(driver.Finished());
 }
 
 void tst_navigator::Help_NoDialog_UsesOneWindow() {

@@ -2,6 +2,7 @@
 #include "app/Program.h"
 
 #include "app/ui/AboutBox.h"
+#include "export/ui/DialogHTML.h"
 #include "settings/ui/frmOptions.h"
 #include "taker/ui/DialogAutoReport.h"
 #include "taker/ui/frmClient.h"
@@ -138,6 +139,13 @@ void Dialogs(Camera& camera) {
     AutoReportForm form(program.session);
     DialogAutoReport autoReport(form, program.session, program.chooser, program.navigator);
     camera.Take(autoReport, QStringLiteral("automatic-report"));
+
+    program.session.HtmlTemplatePath = QStringLiteral(VELLUMO_SOURCE_DIR "/templates/HTML Template.vlx");
+    DialogHTML page({program.session, program.prompts, program.launcher, program.store, {}}, program.chooser,
+                    program.navigator);
+    Find<QLineEdit>(page, QStringLiteral("txteditor")).setText(QStringLiteral("HTML Template.vlx"));
+    Find<QLineEdit>(page, QStringLiteral("Text1")).setText(QStringLiteral("Pages/Sleep Week.html"));
+    camera.Take(page, QStringLiteral("save-as-html"));
 
     AboutBox about;
     about.Picture().Advance(5.2);
