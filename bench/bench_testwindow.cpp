@@ -1,4 +1,5 @@
-#include "platform/Prompts.h"
+#include "Outside.h"
+
 #include "taker/ui/FrmTest.h"
 #include "testdoc/TestParser.h"
 
@@ -8,35 +9,6 @@
 #include <benchmark/benchmark.h>
 
 namespace {
-
-// Nothing outside the window is reached while questions are answered.
-class NoPrompts : public Prompts {
-    PromptAnswer Ask(const Prompt&) override { return PromptAnswer::Ok; }
-};
-class NoChooser : public FileChooser {
-    QString OpenFile(const FileQuestion&) override { return {}; }
-    QString SaveFile(const FileQuestion&) override { return {}; }
-    QString ChooseFolder(const QString&, const QString&) override { return {}; }
-};
-class NoLauncher : public Launcher {
-    Result Open(const QString&, const QString&) override { return Result::Done(); }
-};
-class NoOffice : public OfficeProbe {
-    QString QueryRegistryString(RegistryRoot, const QString&, const QString&) const override { return {}; }
-};
-class NoNavigator : public Navigator {
-    void ShowStartScreen() override {}
-    bool CloseAllAndShowStartScreen() override { return false; }
-    bool BeginLoadedTest() override { return false; }
-    bool AskNames(const QString&) override { return false; }
-    void ShowGeneralOptions() override {}
-    void ShowText(const QString&, const QString&) override {}
-    void ShowHelp(HelpTopic) override {}
-    void ShowAbout() override {}
-    bool EditTest() override { return false; }
-    bool EditNewTest() override { return false; }
-    void EndProgram() override {}
-};
 
 /// 500 questions of changing length with ten answers each.
 TestDocument LongestTest() {

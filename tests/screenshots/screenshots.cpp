@@ -110,6 +110,31 @@ void TestWindows(Camera& camera) {
     camera.Take(*program.navigator.Reports().first(), QStringLiteral("report-editor"));
 }
 
+void EditorWindows(Camera& camera) {
+    Program program;
+    const QString name = QStringLiteral("Workday Rating.vlm");
+    QFile::copy(Samples + name, program.folder.filePath(name));
+    LoadSettingsOnce(program.start, program.session, program.store, program.folders);
+    QDir::setCurrent(program.folder.path());
+    program.session.Test.TestFileName = name;
+    program.navigator.EditTest();
+    frmTestEditor& editor = *program.navigator.Editor();
+    // The folder of the pictures is a new one each time.
+    auto& home = Find<QLabel>(editor, QStringLiteral("lblinstructions"));
+    home.setText(home.text().replace(program.folder.path(), QStringLiteral("/home/ann/Vellumo")));
+    camera.Take(editor, QStringLiteral("editor-home"));
+    static const QStringList pages{QStringLiteral("about-test"), QStringLiteral("sub-scales"),
+                                   QStringLiteral("template"),   QStringLiteral("questions"),
+                                   QStringLiteral("analysis"),   QStringLiteral("options"),
+                                   QStringLiteral("automation"), QStringLiteral("export")};
+    for (int i = 0; i < pages.size(); ++i) {
+        Find<EditorTabStrip>(editor, QStringLiteral("tbsOptions")).Choose(i);
+        if (i == 1)
+            Find<QListWidget>(editor, QStringLiteral("ListSubScale")).setCurrentRow(0);
+        camera.Take(editor, QStringLiteral("editor-") + pages[i]);
+    }
+}
+
 void Dialogs(Camera& camera) {
     Program program;
     Load(program, QStringLiteral("Sleep Week Automatic.vlm"));
@@ -172,6 +197,7 @@ int main(int argc, char** argv) {
     Camera camera(QDir(arguments[1]).absolutePath(), dark ? QStringLiteral("-dark") : QString());
     StartScreens(camera);
     TestWindows(camera);
+    EditorWindows(camera);
     Dialogs(camera);
     return 0;
 }
