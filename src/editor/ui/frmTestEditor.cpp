@@ -21,7 +21,7 @@ const QString ToEditorMenu = QStringLiteral("Return To Editor Menu");
 
 constexpr int TwipsPerPixel = 15;
 constexpr QSize LeastSize(7995 / TwipsPerPixel, 6825 / TwipsPerPixel);
-constexpr QSize UsualSize(92 * GridUnit, 80 * GridUnit);
+constexpr QSize UsualSize(92 * GridUnit, 84 * GridUnit);
 constexpr QSize SmallestSize(40 * GridUnit, 34 * GridUnit);
 
 // A pause in typing after which the findings are looked for, and the age at which changes are kept as a copy.
