@@ -77,7 +77,7 @@ class tst_cli : public QObject {
         const auto row = [](const char* line) { QTest::newRow(line) << QString::fromLatin1(line).split(u' '); };
         QTest::newRow("nothing") << QStringList();
         for (const char* line :
-             {"html t.vlm", "save a", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
+             {"html t.vlm", "save a", "show", "show a b", "score a", "score a b --workbook", "score a b --reports",
               "report a b --row 0", "report a b --row x", "take a --now yesterday", "take a --client", "show a --x",
               "report a b --break-after-number=1", "report a b --break-after-number --no-break-after-number"})
             row(line);
