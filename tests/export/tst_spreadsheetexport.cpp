@@ -81,11 +81,10 @@ struct Exporting {
     ScriptedPrompts prompts;
     FixedClock clock{QDateTime(QDate(2026, 11, 21), QTime(14, 5, 9))};
     FakeOfficeProbe office;
-    SpreadsheetExport exporter{prompts, clock, office,
-                               [this]() -> std::unique_ptr<SpreadsheetApplication> {
-                                   return std::make_unique<FakeSpreadsheet>(log);
-                               },
-                               windows};
+    SpreadsheetExport exporter{
+        prompts, clock, office,
+        [this]() -> std::unique_ptr<SpreadsheetApplication> { return std::make_unique<FakeSpreadsheet>(log); },
+        windows};
 };
 
 const QString Steps = QStringLiteral("<Opening Excel for Export> Open(~/Vellumo Results.exl) ");
@@ -133,16 +132,17 @@ void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension_data() {
     QTest::newRow("name") << name << ann << "~/Mood.exl";
     QTest::newRow("folder") << dir << ann << "Results/Vellumo Results.exl";
     QTest::newRow("folder and name") << dir + name << ann << "Results/Mood.exl";
-    QTest::newRow("separator at its end") << QStringLiteral("[EXCEL DIR]Results/[/EXCEL DIR]") << ann
-                                          << "Results/Vellumo Results.exl";
+    QTest::newRow("separator at its end")
+        << QStringLiteral("[EXCEL DIR]Results/[/EXCEL DIR]") << ann << "Results/Vellumo Results.exl";
     QTest::newRow("client's folder") << inFolder << ann << "Ann Lee/Vellumo Results.exl";
     QTest::newRow("client's folder in the folder") << dir + inFolder + name << ann << "Results/Ann Lee/Mood.exl";
     QTest::newRow("client in the name") << inName << ann << "~/Vellumo Results Ann Lee.exl";
     QTest::newRow("client in both") << dir + inFolder + inName + name << ann << "Results/Ann Lee/Mood Ann Lee.exl";
     QTest::newRow("no client") << dir + inFolder + inName + name << QString() << "Results/Mood.exl";
-    QTest::newRow("dangerous client") << inFolder + inName << "../x" << ".._x/Vellumo Results .._x.exl";
-    QTest::newRow("extension of another kind") << QStringLiteral("[EXCEL FILE NAME]results.xls[/EXCEL FILE NAME]")
-                                               << ann << "~/results.exl";
+    QTest::newRow("dangerous client") << inFolder + inName << "../x"
+                                      << ".._x/Vellumo Results .._x.exl";
+    QTest::newRow("extension of another kind")
+        << QStringLiteral("[EXCEL FILE NAME]results.xls[/EXCEL FILE NAME]") << ann << "~/results.exl";
     QTest::newRow("only an extension") << QStringLiteral("[EXCEL FILE NAME].exl[/EXCEL FILE NAME]") << ann
                                        << "~/Vellumo Results.exl";
 }
@@ -194,9 +194,8 @@ void tst_spreadsheetexport::Export_NewWorkbook_TitleHeadsAndRow() {
     exporting.session.Responses.ResponseText(3) = QStringLiteral("007");
     exporting.session.Responses.ResponseChoice(4) = 1;
     QVERIFY(exporting.Run());
-    QCOMPARE(exporting.Calls(),
-             Steps + QStringLiteral("<Creating New Excel Export File> Add ") +
-                 QString(Data).append(QStringLiteral("SaveAs(~/Vellumo Results.exl) </> Quit")));
+    QCOMPARE(exporting.Calls(), Steps + QStringLiteral("<Creating New Excel Export File> Add ") +
+                                    QString(Data).append(QStringLiteral("SaveAs(~/Vellumo Results.exl) </> Quit")));
     QCOMPARE(exporting.log.Row(1), QStringLiteral("\"Mood\""));
     QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Client\" \"Date\" \"Total Score\" \"Ease\" \"Joy\" \"Q.1 \" "
                                                   "\"Q.2 \" \"Q.3 \" \"Q.4 \""));
@@ -222,13 +221,20 @@ void tst_spreadsheetexport::Export_Options_ColumnsInOrder_data() {
     QTest::addColumn<QString>("heads");
     QTest::addColumn<int>("row");
     QTest::newRow("none") << QString() << QString() << 3;
-    QTest::newRow("client") << "[INCLUDE CLIENT NAME IN EXCEL FILE]" << "\"Client\"" << 4;
-    QTest::newRow("date") << "[INCLUDE DATE IN EXCEL FILE]" << "\"Date\"" << 4;
-    QTest::newRow("total") << "[INCLUDE TOTAL SCORE IN EXCEL FILE]" << "\"Total Score\"" << 4;
-    QTest::newRow("sub-scales") << "[INCLUDE SUB-SCALES IN EXCEL FILE]" << "\"Ease\" \"Joy\"" << 4;
-    QTest::newRow("choices") << "[INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]" << "\"Q.1 \" \"Q.4 \"" << 4;
-    QTest::newRow("short") << "[INCLUDE SHORT ANSWERS IN EXCEL FILE]" << "\"Q.2 \"" << 4;
-    QTest::newRow("long") << "[INCLUDE LONG ANSWERS IN EXCEL FILE]" << "\"Q.3 \"" << 4;
+    QTest::newRow("client") << "[INCLUDE CLIENT NAME IN EXCEL FILE]"
+                            << "\"Client\"" << 4;
+    QTest::newRow("date") << "[INCLUDE DATE IN EXCEL FILE]"
+                          << "\"Date\"" << 4;
+    QTest::newRow("total") << "[INCLUDE TOTAL SCORE IN EXCEL FILE]"
+                           << "\"Total Score\"" << 4;
+    QTest::newRow("sub-scales") << "[INCLUDE SUB-SCALES IN EXCEL FILE]"
+                                << "\"Ease\" \"Joy\"" << 4;
+    QTest::newRow("choices") << "[INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]"
+                             << "\"Q.1 \" \"Q.4 \"" << 4;
+    QTest::newRow("short") << "[INCLUDE SHORT ANSWERS IN EXCEL FILE]"
+                           << "\"Q.2 \"" << 4;
+    QTest::newRow("long") << "[INCLUDE LONG ANSWERS IN EXCEL FILE]"
+                          << "\"Q.3 \"" << 4;
 }
 
 void tst_spreadsheetexport::Export_Options_ColumnsInOrder() {
@@ -309,7 +315,9 @@ void tst_spreadsheetexport::Export_NamesNeeded_AskedOnce_data() {
     QTest::addColumn<QString>("client");
     QTest::addColumn<QString>("begin");
     QTest::newRow("not needed") << QString() << QString() << "<Opening";
-    QTest::newRow("known") << "[AUTOSAVE EXCEL REPORT AS CLIENT]" << "Ann" << "<Opening";
+    QTest::newRow("known") << "[AUTOSAVE EXCEL REPORT AS CLIENT]"
+                           << "Ann"
+                           << "<Opening";
     QTest::newRow("in the name") << "[AUTOSAVE EXCEL REPORT AS CLIENT]" << QString() << "Names <Opening";
     QTest::newRow("in the folder") << "[AUTOSAVE EXCEL DIRECTORY AS CLIENT]" << QString() << "Names <Opening";
 }
@@ -342,9 +350,10 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState_data() {
         << "Please close Excel. The file '~/Vellumo Results.exl' cannot be appended whilst it is open"
         << Steps + QStringLiteral("</>") << false;
     QTest::newRow("can't add") << "Add" << 7 << true << "why" << adding + QStringLiteral("</>") << false;
-    QTest::newRow("can't save as")
-        << "SaveAs" << 1004 << true << "Error 1004 : Failed to save Excel File - why"
-        << adding + Data + QStringLiteral("SaveAs(~/Vellumo Results.exl) Visible UserControl </>") << true;
+    QTest::newRow("can't save as") << "SaveAs" << 1004 << true << "Error 1004 : Failed to save Excel File - why"
+                                   << adding + Data +
+                                          QStringLiteral("SaveAs(~/Vellumo Results.exl) Visible UserControl </>")
+                                   << true;
     QTest::newRow("can't save") << "Save" << 70 << false << "Error 70 : Failed to save Excel File - why"
                                 << Steps + Data + QStringLiteral("Save Visible UserControl </>") << true;
 }
