@@ -361,8 +361,8 @@ void tst_workbook::Open_BadPackage_Reason_data() {
         QTest::newRow(name) << PackageOf(parts) << QString::fromUtf8(reason);
     };
     const QByteArray whole = NewWorkbookBytes();
-    QTest::newRow("text") << QByteArray("Dear diary") << "it is no sound zip archive (Not a zip archive)";
-    QTest::newRow("cut") << whole.first(whole.size() / 2) << "it is no sound zip archive (Not a zip archive)";
+    QTest::newRow("text") << QByteArray("Dear diary") << "it is no workbook, or a damaged one (Not a zip archive)";
+    QTest::newRow("cut") << whole.first(whole.size() / 2) << "it is no workbook, or a damaged one (Not a zip archive)";
     QTest::newRow("something else") << PackageOf({{QStringLiteral("a.txt"), "a"}})
                                     << "it is a zip archive of something else";
     Parts document = NewParts();

@@ -59,7 +59,7 @@ struct ZipPackage::Archive {
         const QString reason = ReasonOf(&error);
         zip_error_fini(&error);
         if (!Zip)
-            throw WorkbookError(QStringLiteral("it is no sound zip archive (%1)").arg(reason));
+            throw WorkbookError(QStringLiteral("it is no workbook, or a damaged one (%1)").arg(reason));
         // The archive lets go of its source when it is closed; what was packed is read from it afterwards.
         zip_source_keep(Source);
     }
