@@ -6,6 +6,26 @@
 
 #include <QVBoxLayout>
 
+namespace {
+
+/// A path is one long word: it may be broken behind each of its folders, and where a name is longer than a line.
+QString Breakable(const QString& caption) {
+    constexpr int longestWord = 40;
+    QString breakable;
+    int sinceBreak = 0;
+    for (const QChar c : caption) {
+        breakable += c;
+        sinceBreak = c.isSpace() ? 0 : sinceBreak + 1;
+        if (c == u'/' || c == u'\\' || (sinceBreak >= longestWord && !c.isHighSurrogate())) {
+            breakable += QChar(0x200B);
+            sinceBreak = 0;
+        }
+    }
+    return breakable;
+}
+
+} // namespace
+
 DialogExcel::DialogExcel(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("DialogExcel"));
     setWindowTitle(QStringLiteral("Please Wait"));
@@ -25,10 +45,7 @@ DialogExcel::DialogExcel(QWidget* parent) : QDialog(parent) {
 }
 
 void DialogExcel::SetCaption(const QString& caption) {
-    // A path is one long word: it may be broken behind each of its folders.
-    QString breakable = caption;
-    breakable.replace(u'/', QStringLiteral("/\u200B")).replace(u'\\', QStringLiteral("\\\u200B"));
-    Label1_->setText(breakable);
+    Label1_->setText(Breakable(caption));
     Label1_->setAccessibleName(caption);
     const int needed = layout()->heightForWidth(width());
     if (needed > height())
