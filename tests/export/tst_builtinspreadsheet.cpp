@@ -1,8 +1,9 @@
 #include "export/PackageOf.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
 #include "support/Files.h"
+#include "support/OrdinaryUser.h"
 #include "support/RecordingLauncher.h"
-#include "support/SystemLimits.h"
+#include "support/SmallDisk.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -10,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
