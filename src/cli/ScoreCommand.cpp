@@ -112,18 +112,17 @@ int Run(const CommandLine& line, Console& console) {
     ReadResponses(file, test, ResponsesReader::Texts::Dropped, console,
                   [&](const ResponsesReader& reader) { WriteRow(spool, reader); });
 
-    bool allWritten = true;
+    std::optional<WorkbookRows> workbook;
     if (!workbookPath.isEmpty()) {
-        WorkbookRows workbook(workbookPath, test, context);
-        FillWorkbook(workbook, file, test, console);
-        if (!directory.isEmpty())
-            PrepareReports(directory, file, test);
-        workbook.Save();
+        workbook.emplace(workbookPath, test, context);
+        FillWorkbook(*workbook, file, test, console);
     }
-    if (!directory.isEmpty()) {
+    if (!directory.isEmpty())
         PrepareReports(directory, file, test);
-        allWritten = WriteReports(file, test, context, console);
-    }
+    // From here on things are written.
+    if (workbook)
+        workbook->Save();
+    const bool allWritten = directory.isEmpty() || WriteReports(file, test, context, console);
     Output output(console.Out);
     spool.CopyTo(output);
     output.Finish();

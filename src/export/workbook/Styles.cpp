@@ -63,9 +63,13 @@ Styles::Styles(const QByteArray& xml) : document_(ParseXml(xml)) {
 }
 
 bool Styles::IsDate(int style) const {
+    const auto [known, isNew] = isDate_.try_emplace(style, false);
+    if (!isNew)
+        return known->second;
     const auto formats = ChildrenOf(formats_, "xf");
-    return style >= 0 && static_cast<size_t>(style) < formats.size() &&
-           IsDateFormat(formats[static_cast<size_t>(style)].attribute("numFmtId").as_int());
+    known->second = style >= 0 && static_cast<size_t>(style) < formats.size() &&
+                    IsDateFormat(formats[static_cast<size_t>(style)].attribute("numFmtId").as_int());
+    return known->second;
 }
 
 bool Styles::IsDateFormat(int numberFormat) const {
@@ -81,6 +85,13 @@ bool Styles::IsDateFormat(int numberFormat) const {
 int Styles::DateStyle(int like) {
     if (IsDate(like))
         return like;
+    const auto [known, isNew] = dateStyles_.try_emplace(like, 0);
+    if (isNew)
+        known->second = FindOrAddDateStyle(like);
+    return known->second;
+}
+
+int Styles::FindOrAddDateStyle(int like) {
     const auto formats = ChildrenOf(formats_, "xf");
     const auto base = static_cast<size_t>(qMax(like, 0));
     pugi::xml_node format = base < formats.size() ? formats_.append_copy(formats[base]) : AppendTo(formats_, "xf");

@@ -2,6 +2,8 @@
 
 #include "export/workbook/XmlTree.h"
 
+#include <map>
+
 /// The cell formats of a workbook. Throws WorkbookError for a part that can't be read.
 class Styles {
   public:
@@ -18,9 +20,13 @@ class Styles {
 
   private:
     bool IsDateFormat(int numberFormat) const;
+    int FindOrAddDateStyle(int like);
 
     pugi::xml_document document_;
     pugi::xml_node formats_;
+    // What was found already, by format; a column of dates asks for the same one in each of its rows.
+    mutable std::map<int, bool> isDate_;
+    std::map<int, int> dateStyles_;
     bool changed_ = false;
 };
 
