@@ -16,6 +16,8 @@ QString HelpPageOf(HelpTopic topic) {
         return QStringLiteral("general-options.html");
     case HelpTopic::ReportEditor:
         return QStringLiteral("report-editor.html");
+    case HelpTopic::SpreadsheetExport:
+        return QStringLiteral("spreadsheet-export.html");
     case HelpTopic::About:
         return QStringLiteral("results.html");
     case HelpTopic::Editor:

@@ -1,5 +1,7 @@
 #include "app/ui/AppNavigator.h"
 #include "app/ui/GuardedApplication.h"
+#include "export/ui/QtExportWindows.h"
+#include "export/workbook/BuiltInSpreadsheet.h"
 #include "platform/SystemPorts.h"
 #include "platform/ui/QtClipboard.h"
 #include "platform/ui/QtFileChooser.h"
@@ -72,6 +74,14 @@ int main(int argc, char** argv) {
     AppNavigator navigator({session, start, *store, folders, clock, *launcher,
                             {prompts, chooser, printer, clipboard, *office, *word},
                             [] { QCoreApplication::quit(); }, copies});
+    QtExportWindows exportWindows(chooser, navigator);
+    // Where there is a spreadsheet application to drive, its automation takes the place of the built-in one.
+    const AttachSpreadsheet spreadsheet = [&launcher] {
+        return std::make_unique<BuiltInSpreadsheet>(
+            BuiltInSpreadsheetParts{launcher.get(), WorkbookViewerProgram(), QtExportWindows::StayPainted});
+    };
+    SpreadsheetExport exporter(prompts, clock, *office, spreadsheet, exportWindows);
+    navigator.UseExporter(exporter);
     navigator.Start();
     return navigator.Ended() ? 0 : QApplication::exec();
 }

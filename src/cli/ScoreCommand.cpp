@@ -1,4 +1,5 @@
 #include "cli/Responses.h"
+#include "cli/WorkbookRows.h"
 #include "platform/Directories.h"
 #include "taker/AutoReport.h"
 
@@ -7,6 +8,7 @@
 namespace {
 
 const QString ReportsOption = QStringLiteral("--reports");
+const QString WorkbookOption = QStringLiteral("--workbook");
 
 void WriteField(Spool& spool, std::string_view field) {
     if (field.find_first_of(",\"\r\n") == std::string_view::npos)
@@ -41,14 +43,24 @@ void WriteRow(Spool& spool, const ResponsesReader& reader) {
     spool.Write("\n");
 }
 
+void Rewind(QFile& file) {
+    if (!file.seek(0))
+        throw Failure(QStringLiteral("Can't read the responses file '") + file.fileName() +
+                      QStringLiteral("' again: ") + file.errorString());
+}
+
+void RequireTwoReadings(const QFile& file, const QString& what) {
+    if (file.isSequential())
+        throw Failure(QStringLiteral("Can't write ") + what + QStringLiteral(": the responses file '") +
+                      file.fileName() + QStringLiteral("' can't be read twice"));
+}
+
 /// Files the reports of all rows, each as an automatic report would be. Returns whether all could be written.
 bool WriteReports(QFile& file, TestDocument& test, const ReportContext& context, Console& console) {
     bool allWritten = true;
     SayingPrompts prompts(console);
     TakenNumbers taken;
-    if (!file.seek(0))
-        throw Failure(QStringLiteral("Can't read the responses file '") + file.fileName() + QStringLiteral("' again: ") +
-                      file.errorString());
+    Rewind(file);
     ReadResponses(file, test, ResponsesReader::Texts::Kept, console, [&](const ResponsesReader& reader) {
         const int saidBefore = prompts.Count();
         const QString path = ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
@@ -66,9 +78,7 @@ bool WriteReports(QFile& file, TestDocument& test, const ReportContext& context,
 
 /// Makes the directory of the reports before anything is written.
 void PrepareReports(const QString& directory, QFile& file, TestDocument& test) {
-    if (file.isSequential())
-        throw Failure(QStringLiteral("Can't write reports: the responses file '") + file.fileName() +
-                      QStringLiteral("' can't be read twice"));
+    RequireTwoReadings(file, QStringLiteral("reports"));
     if (!DirectoryExists(directory))
         MakeDirectory(directory);
     if (!DirectoryExists(directory))
@@ -76,11 +86,22 @@ void PrepareReports(const QString& directory, QFile& file, TestDocument& test) {
     test.ReportDirectory = directory;
 }
 
+/// Puts all rows into the workbook, which is left without being saved.
+void FillWorkbook(WorkbookRows& workbook, QFile& file, const TestDocument& test, Console& console) {
+    RequireTwoReadings(file, QStringLiteral("a workbook"));
+    Rewind(file);
+    ReadResponses(file, test, ResponsesReader::Texts::Kept, console,
+                  [&](const ResponsesReader& reader) { workbook.Append(reader); });
+}
+
 int Run(const CommandLine& line, Console& console) {
     const ReportContext context = ReportContextFrom(line, console);
     const QString directory = line.Value(ReportsOption);
     if (line.Has(ReportsOption) && directory.isEmpty())
         throw UsageError(QStringLiteral("'--reports' needs a directory"));
+    const QString workbookPath = line.Value(WorkbookOption);
+    if (line.Has(WorkbookOption) && workbookPath.isEmpty())
+        throw UsageError(QStringLiteral("'--workbook' needs a file"));
     TestDocument test;
     OpenTestFor(line.Files[0], test);
 
@@ -91,11 +112,17 @@ int Run(const CommandLine& line, Console& console) {
     ReadResponses(file, test, ResponsesReader::Texts::Dropped, console,
                   [&](const ResponsesReader& reader) { WriteRow(spool, reader); });
 
-    bool allWritten = true;
-    if (!directory.isEmpty()) {
-        PrepareReports(directory, file, test);
-        allWritten = WriteReports(file, test, context, console);
+    std::optional<WorkbookRows> workbook;
+    if (!workbookPath.isEmpty()) {
+        workbook.emplace(workbookPath, test, context);
+        FillWorkbook(*workbook, file, test, console);
     }
+    if (!directory.isEmpty())
+        PrepareReports(directory, file, test);
+    // From here on things are written.
+    if (workbook)
+        workbook->Save();
+    const bool allWritten = directory.isEmpty() || WriteReports(file, test, context, console);
     Output output(console.Out);
     spool.CopyTo(output);
     output.Finish();
@@ -103,8 +130,9 @@ int Run(const CommandLine& line, Console& console) {
 }
 
 std::vector<OptionSpec> Options() {
-    std::vector<OptionSpec> options{{ReportsOption, QStringLiteral("DIR"),
-                                     QStringLiteral("also write each row's report, into DIR")}};
+    std::vector<OptionSpec> options{
+        {ReportsOption, QStringLiteral("DIR"), QStringLiteral("also write each row's report, into DIR")},
+        {WorkbookOption, QStringLiteral("BOOK"), QStringLiteral("also append each row to the workbook BOOK")}};
     for (const OptionSpec& option : ReportOptions())
         options.push_back(option);
     return options;

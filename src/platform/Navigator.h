@@ -11,6 +11,7 @@ enum class HelpTopic {
     TestOptions,
     GeneralOptions,
     ReportEditor,
+    SpreadsheetExport,
     About,
     Editor,
     EditorAboutTest,

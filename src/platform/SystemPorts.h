@@ -12,3 +12,6 @@ std::unique_ptr<SettingsStore> MakeUserSettingsStore();
 std::unique_ptr<Launcher> MakeLauncher();
 std::unique_ptr<OfficeProbe> MakeOfficeProbe();
 std::unique_ptr<WordProcessor> MakeWordProcessor();
+
+/// The program that shows a workbook which Vellumo wrote by itself; "" when there is none.
+QString WorkbookViewerProgram();

@@ -2,8 +2,8 @@
 #include "app/ui/AboutBox.h"
 #include "app/ui/GuardedApplication.h"
 #include "app/ui/HelpWindow.h"
-#include "platform/ui/LinkButton.h"
 #include "base/BoundedArray.h"
+#include "platform/ui/LinkButton.h"
 #include "support/ScriptedPrompts.h"
 #include "support/WindowDriver.h"
 
@@ -21,7 +21,8 @@ const QList<HelpTopic> Topics = {HelpTopic::StartScreen,      HelpTopic::TestWin
                                  HelpTopic::ReportEditor,     HelpTopic::About,           HelpTopic::Editor,
                                  HelpTopic::EditorAboutTest,  HelpTopic::EditorSubscales, HelpTopic::EditorTemplate,
                                  HelpTopic::EditorQuestions,  HelpTopic::EditorAnalysis,  HelpTopic::EditorOptions,
-                                 HelpTopic::EditorAutomation, HelpTopic::EditorExport,    HelpTopic::HtmlExport};
+                                 HelpTopic::EditorAutomation, HelpTopic::EditorExport,    HelpTopic::HtmlExport,
+                                 HelpTopic::SpreadsheetExport};
 
 QString PageText(const QString& page) {
     QFile file(QStringLiteral(":/help/") + page);

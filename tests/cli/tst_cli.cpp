@@ -79,8 +79,8 @@ class tst_cli : public QObject {
         for (const char* line :
              {"html", "html a b", "html a --insert-into b", "html a --before b", "html a --insert-into b --before",
               "html a --insert-into b --before c --after d", "html a --insert-into b --after c --fragment",
-              "html a --insert-into b --before=", "html a --output=",
-              "save a", "show", "show a b", "score a", "score a b --workbook c", "score a b --reports",
+              "html a --insert-into b --before=", "html a --output=", "save a", "show", "show a b", "score a",
+              "score a b --workbook", "score a b --reports",
               "report a b --row 0", "report a b --row x", "take a --now yesterday", "take a --client", "show a --x",
               "report a b --break-after-number=1", "report a b --break-after-number --no-break-after-number"})
             row(line);

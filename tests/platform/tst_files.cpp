@@ -2,6 +2,7 @@
 #include "platform/FileNames.h"
 #include "platform/SafeFile.h"
 #include "platform/TextFile.h"
+#include "support/OrdinaryUser.h"
 #include "support/SmallDisk.h"
 
 #include <QtTest>
@@ -20,18 +21,6 @@ bool Make(const QString& path, const QByteArray& content) {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
-
-/// While it lives, the program is no administrator, whom no permissions bind.
-class OrdinaryUser {
-  public:
-    OrdinaryUser() { real_ = seteuid(before_ == 0 ? 65534 : before_) == 0; }
-    ~OrdinaryUser() { real_ = seteuid(before_) == 0; }
-    bool IsReal() const { return real_; }
-
-  private:
-    uid_t before_ = geteuid();
-    bool real_ = false;
-};
 
 } // namespace
 

@@ -48,6 +48,8 @@ QString RecordingNavigator::NameOf(HelpTopic topic) {
         return QStringLiteral("GeneralOptions");
     case HelpTopic::ReportEditor:
         return QStringLiteral("ReportEditor");
+    case HelpTopic::SpreadsheetExport:
+        return QStringLiteral("SpreadsheetExport");
     case HelpTopic::About:
         return QStringLiteral("About");
     case HelpTopic::Editor:

@@ -57,6 +57,9 @@ class AppNavigator : public Navigator {
     void ExportHtml() override;
     void EndProgram() override;
 
+    /// Hands in the exporter, whose own windows need this navigator. It outlives the navigator's windows.
+    void UseExporter(SpreadsheetExporter& exporter) { parts_.Exporter = &exporter; }
+
     /// Whether the program is ending; an event loop need not be entered then.
     bool Ended() const { return ended_; }
     /// The windows now open, the start screen and the test window first; null where there is none.

@@ -3,6 +3,29 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <initializer_list>
+
+namespace {
+
+/// One of the programs of LibreOffice, "" when it isn't on the PATH. Debian's programs with names of their own are
+/// there exactly when theirs is installed; "soffice" and "libreoffice" may come without it.
+QString ProgramOfOffice(std::initializer_list<const char*> ownNames, const char* library) {
+    for (const char* name : ownNames)
+        if (const QString program = QStandardPaths::findExecutable(QLatin1String(name)); !program.isEmpty())
+            return program;
+    for (const char* name : {"soffice", "libreoffice"}) {
+        const QString program = QStandardPaths::findExecutable(QLatin1String(name));
+        if (program.isEmpty())
+            continue;
+        // The library lies beside the program that the link on the PATH leads to.
+        if (QFileInfo::exists(QFileInfo(QFileInfo(program).canonicalFilePath()).path() + u'/' + QLatin1String(library)))
+            return program;
+    }
+    return {};
+}
+
+} // namespace
+
 QString PathOfficeProbe::QueryRegistryString(RegistryRoot, const QString& subKey, const QString& valueName) const {
     if (!valueName.isEmpty())
         return {};
@@ -13,18 +36,9 @@ QString PathOfficeProbe::QueryRegistryString(RegistryRoot, const QString& subKey
     return {};
 }
 
-QString WriterProgram() {
-    // Debian's "lowriter" is there exactly when Writer is; "soffice" and "libreoffice" may come without it.
-    for (const char* name : {"lowriter", "swriter"})
-        if (const QString program = QStandardPaths::findExecutable(QLatin1String(name)); !program.isEmpty())
-            return program;
-    for (const char* name : {"soffice", "libreoffice"}) {
-        const QString program = QStandardPaths::findExecutable(QLatin1String(name));
-        if (program.isEmpty())
-            continue;
-        // The library of Writer lies beside the program that the link on the PATH leads to.
-        if (QFileInfo::exists(QFileInfo(QFileInfo(program).canonicalFilePath()).path() + QStringLiteral("/libswlo.so")))
-            return program;
-    }
-    return {};
+QString WriterProgram() { return ProgramOfOffice({"lowriter", "swriter"}, "libswlo.so"); }
+
+QString WorkbookViewer() {
+    const QString calc = ProgramOfOffice({"localc", "scalc"}, "libsclo.so");
+    return calc.isEmpty() ? QStandardPaths::findExecutable(QStringLiteral("xdg-open")) : calc;
 }

@@ -11,3 +11,7 @@ class PathOfficeProbe : public OfficeProbe {
 
 /// The program that starts LibreOffice Writer, "" when there is none on the PATH.
 QString WriterProgram();
+
+/// The program that shows a workbook: LibreOffice Calc, or else what the desktop opens files with; "" when there is
+/// neither on the PATH.
+QString WorkbookViewer();

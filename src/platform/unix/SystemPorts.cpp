@@ -17,3 +17,5 @@ std::unique_ptr<Launcher> MakeLauncher() { return std::make_unique<DetachedLaunc
 std::unique_ptr<OfficeProbe> MakeOfficeProbe() { return std::make_unique<PathOfficeProbe>(); }
 
 std::unique_ptr<WordProcessor> MakeWordProcessor() { return std::make_unique<LibreOfficeWriter>(); }
+
+QString WorkbookViewerProgram() { return WorkbookViewer(); }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "export/ResultRows.h"
+#include "platform/SpreadsheetApplication.h"
+#include "taker/Report.h"
+#include "taker/ResponsesFile.h"
+
+/// Many rows for one workbook, which is opened, or begun, at once and written in one go. Failures throw Failure; until
+/// Save() nothing is written.
+class WorkbookRows {
+  public:
+    WorkbookRows(const QString& path, const TestDocument& test, const ReportContext& context);
+
+    /// Adds the reader's current row.
+    void Append(const ResponsesReader& reader);
+    void Save();
+
+  private:
+    QString path_;
+    QDate date_;
+    std::unique_ptr<SpreadsheetApplication> application_;
+    std::vector<ResultColumn> columns_;
+    bool isNew_ = false;
+    int row_ = 0;
+};

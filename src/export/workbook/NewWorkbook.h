@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QByteArray>
+
+/// The package of an empty workbook with one sheet.
+QByteArray NewWorkbookBytes();

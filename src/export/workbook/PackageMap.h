@@ -1,0 +1,27 @@
+#pragma once
+
+#include "export/workbook/ZipPackage.h"
+
+#include <optional>
+
+/// Where the parts of a workbook lie in its package.
+struct PackageMap {
+    /// The workbook's own part, such as "xl/workbook.xml".
+    QString Workbook;
+    /// The sheet that is seen first: the active one, or the first visible worksheet when that one isn't visible.
+    QString Sheet;
+    std::optional<QString> SharedStrings;
+    std::optional<QString> Styles;
+    /// Whether days count from 1904 instead of 1900.
+    bool From1904 = false;
+};
+
+/// Reads a package's lists. Throws WorkbookError when it is no workbook.
+PackageMap MapPackage(const ZipPackage& package);
+
+/// Adds a part for the formats to a workbook that has none, as far as the package's lists are concerned, and returns
+/// its name. What was put lives in "kept".
+QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept);
+
+/// The most bytes of one of the package's lists.
+inline constexpr qint64 MaxListBytes = 16 << 20;

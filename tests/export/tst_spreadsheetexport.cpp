@@ -1,0 +1,390 @@
+#include "export/FakeSpreadsheet.h"
+#include "export/SpreadsheetExport.h"
+#include "export/WorkbookPath.h"
+#include "support/FakeOfficeProbe.h"
+#include "support/Files.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestText.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+/// Notes what the windows show, among the application's calls.
+class NotedWindows : public ExportWindows {
+  public:
+    explicit NotedWindows(QStringList& calls) : calls_(calls) {}
+
+    void AskNames() override {
+        calls_.append(QStringLiteral("Names"));
+        if (WhenNamesAsked)
+            WhenNamesAsked();
+    }
+    void Confirm(ExportForm& form) override {
+        calls_.append(QStringLiteral("Confirm(") + form.FilePath() + u')' +
+                      (form.AlreadyExported() ? QStringLiteral(" again") : QString()));
+        if (WhenConfirmed)
+            WhenConfirmed(form);
+    }
+    void ShowStep(const QString& caption) override {
+        Open = true;
+        calls_.append(u'<' + caption + u'>');
+    }
+    void CloseSteps() override {
+        if (Open)
+            calls_.append(QStringLiteral("</>"));
+        Open = false;
+    }
+
+    std::function<void()> WhenNamesAsked;
+    std::function<void(ExportForm& form)> WhenConfirmed;
+    bool Open = false;
+
+  private:
+    QStringList& calls_;
+};
+
+const QString Silent = QStringLiteral("[UPDATE FILES WITHOUT PROMPTING]");
+const QString Everything =
+    QStringLiteral("[INCLUDE CLIENT NAME IN EXCEL FILE][INCLUDE DATE IN EXCEL FILE][INCLUDE TOTAL SCORE IN EXCEL FILE]"
+                   "[INCLUDE SUB-SCALES IN EXCEL FILE][INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]"
+                   "[INCLUDE SHORT ANSWERS IN EXCEL FILE][INCLUDE LONG ANSWERS IN EXCEL FILE]");
+const QString Questions = QStringLiteral(
+    "[TITLE]Mood[/TITLE][SUBSCALES][S]Ease[/S][S]Joy[/S][/SUBSCALES][Q]One[A]a[v=1][/A][A]b[v=-4][/A][SS=2][/Q]"
+    "[Q]Two[QT]2[/QT][/Q][Q]Three[QT]3[/QT][/Q][Q]Four[A]a[v=10][/A][SS=1][/Q]");
+
+struct Exporting {
+    explicit Exporting(const QString& text) {
+        session.Test = TestFromText(text);
+        session.Responses = ResponseSet(session.Test.QuestionCount);
+        session.UserSettings.DefaultDirectory = folder.path();
+        session.UserSettings.QuestionPrefix = QStringLiteral("Q.");
+        session.UserSettings.QuestionSuffix = QStringLiteral(" ");
+        session.ClientName = QStringLiteral("Ann Lee");
+        office.Entries[SpreadsheetKey] = QStringLiteral("Sheet");
+    }
+    ~Exporting() { QDir::setCurrent(QDir::rootPath()); }
+
+    Result Run() { return exporter.Export(session); }
+    /// The calls, with the working folder written as "~".
+    QString Calls() const { return log.Calls.join(u' ').replace(folder.path(), QStringLiteral("~")); }
+    void FailWith(const char* call, int number, const char* description) {
+        log.Failures.insert(QLatin1String(call), SpreadsheetError(number, QLatin1String(description)));
+    }
+
+    QTemporaryDir folder;
+    Session session;
+    SpreadsheetLog log;
+    NotedWindows windows{log.Calls};
+    ScriptedPrompts prompts;
+    FixedClock clock{QDateTime(QDate(2026, 11, 21), QTime(14, 5, 9))};
+    FakeOfficeProbe office;
+    SpreadsheetExport exporter{
+        prompts, clock, office,
+        [this]() -> std::unique_ptr<SpreadsheetApplication> { return std::make_unique<FakeSpreadsheet>(log); },
+        windows};
+};
+
+const QString Steps = QStringLiteral("<Opening Excel for Export> Open(~/Vellumo Results.exl) ");
+const QString Data = QStringLiteral("<Exporting Test Data to Excel File> <Saving ~/Vellumo Results.exl> ");
+
+} // namespace
+
+class tst_spreadsheetexport : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void Path_TestsOptions_FolderNameAndExtension_data();
+    void Path_TestsOptions_FolderNameAndExtension();
+    void Path_FolderCantBeMade_MessageAndWorkingDirectory();
+    void Path_FileNameWithExtension_CutForGood();
+    void Export_NotInstalled_SaysSo();
+    void Export_NewWorkbook_TitleHeadsAndRow();
+    void Export_ExistingWorkbook_RowBehindTheLast();
+    void Export_Options_ColumnsInOrder_data();
+    void Export_Options_ColumnsInOrder();
+    void Export_NothingAnswered_Zeros();
+    void Export_Overflow_NothingSaved();
+    void Export_Prompting_AskedAndTaken();
+    void Export_Refused_Nothing_data();
+    void Export_Refused_Nothing();
+    void Export_Again_AskedInSpiteOfTheOption();
+    void Export_NamesNeeded_AskedOnce_data();
+    void Export_NamesNeeded_AskedOnce();
+    void Export_Failures_MessagesAndState_data();
+    void Export_Failures_MessagesAndState();
+    void Export_OpenAfterwards_LeftVisible();
+    void Export_CantBeShown_SaysThatItIsSaved();
+};
+
+void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension_data() {
+    QTest::addColumn<QString>("tags");
+    QTest::addColumn<QString>("client");
+    QTest::addColumn<QString>("path");
+    const QString dir = QStringLiteral("[EXCEL DIR]Results[/EXCEL DIR]");
+    const QString name = QStringLiteral("[EXCEL FILE NAME]Mood[/EXCEL FILE NAME]");
+    const QString inFolder = QStringLiteral("[AUTOSAVE EXCEL DIRECTORY AS CLIENT]");
+    const QString inName = QStringLiteral("[AUTOSAVE EXCEL REPORT AS CLIENT]");
+    const QString ann = QStringLiteral("Ann Lee");
+    QTest::newRow("nothing") << QString() << ann << "~/Vellumo Results.exl";
+    QTest::newRow("name") << name << ann << "~/Mood.exl";
+    QTest::newRow("folder") << dir << ann << "Results/Vellumo Results.exl";
+    QTest::newRow("folder and name") << dir + name << ann << "Results/Mood.exl";
+    QTest::newRow("separator at its end")
+        << QStringLiteral("[EXCEL DIR]Results/[/EXCEL DIR]") << ann << "Results/Vellumo Results.exl";
+    QTest::newRow("client's folder") << inFolder << ann << "Ann Lee/Vellumo Results.exl";
+    QTest::newRow("client's folder in the folder") << dir + inFolder + name << ann << "Results/Ann Lee/Mood.exl";
+    QTest::newRow("client in the name") << inName << ann << "~/Vellumo Results Ann Lee.exl";
+    QTest::newRow("client in both") << dir + inFolder + inName + name << ann << "Results/Ann Lee/Mood Ann Lee.exl";
+    QTest::newRow("no client") << dir + inFolder + inName + name << QString() << "Results/Mood.exl";
+    QTest::newRow("dangerous client") << inFolder + inName << "../x"
+                                      << ".._x/Vellumo Results .._x.exl";
+    QTest::newRow("extension of another kind")
+        << QStringLiteral("[EXCEL FILE NAME]results.xls[/EXCEL FILE NAME]") << ann << "~/results.exl";
+    QTest::newRow("only an extension") << QStringLiteral("[EXCEL FILE NAME].exl[/EXCEL FILE NAME]") << ann
+                                       << "~/Vellumo Results.exl";
+}
+
+void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension() {
+    QFETCH(QString, tags);
+    QFETCH(QString, client);
+    Exporting exporting(tags);
+    exporting.session.ClientName = client;
+    const QString path = WorkbookPathFor(exporting.session, exporting.prompts);
+    QTEST(QString(path).replace(exporting.folder.path(), QStringLiteral("~")), "path");
+    QVERIFY(QFileInfo(QDir(exporting.folder.path()).absoluteFilePath(path)).dir().exists());
+}
+
+void tst_spreadsheetexport::Path_FolderCantBeMade_MessageAndWorkingDirectory() {
+    Exporting exporting(QStringLiteral("[EXCEL DIR]taken[/EXCEL DIR][AUTOSAVE EXCEL DIRECTORY AS CLIENT]"));
+    PutBytes(exporting.folder.filePath(QStringLiteral("taken")), "a file");
+    exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
+    QCOMPARE(WorkbookPathFor(exporting.session, exporting.prompts), QStringLiteral("Ann Lee/Vellumo Results.exl"));
+
+    exporting.session.ClientName = QStringLiteral("taken");
+    exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
+    exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
+    QCOMPARE(WorkbookPathFor(exporting.session, exporting.prompts),
+             exporting.folder.filePath(QStringLiteral("Vellumo Results.exl")));
+}
+
+void tst_spreadsheetexport::Path_FileNameWithExtension_CutForGood() {
+    Exporting exporting(Silent + QStringLiteral("[EXCEL FILE NAME]results.2.xls[/EXCEL FILE NAME]"
+                                                "[AUTOSAVE EXCEL REPORT AS CLIENT]"));
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.session.Test.ExcelFileName, QStringLiteral("results"));
+    QVERIFY(exporting.Calls().contains(QStringLiteral("Open(~/results Ann Lee.exl)")));
+}
+
+void tst_spreadsheetexport::Export_NotInstalled_SaysSo() {
+    Exporting exporting(Silent + Everything);
+    exporting.office.Entries.clear();
+    exporting.prompts.Expect(QStringLiteral("Excel does not appear to be installed"));
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), QString());
+}
+
+void tst_spreadsheetexport::Export_NewWorkbook_TitleHeadsAndRow() {
+    Exporting exporting(Questions + Silent + Everything);
+    exporting.FailWith("Open", 1004, "no such file");
+    exporting.session.Responses.ResponseChoice(1) = 2;
+    exporting.session.Responses.ResponseText(2) = QStringLiteral("=1+1");
+    exporting.session.Responses.ResponseText(3) = QStringLiteral("007");
+    exporting.session.Responses.ResponseChoice(4) = 1;
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), Steps + QStringLiteral("<Creating New Excel Export File> Add ") +
+                                    QString(Data).append(QStringLiteral("SaveAs(~/Vellumo Results.exl) </> Quit")));
+    QCOMPARE(exporting.log.Row(1), QStringLiteral("\"Mood\""));
+    QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Client\" \"Date\" \"Total Score\" \"Ease\" \"Joy\" \"Q.1 \" "
+                                                  "\"Q.2 \" \"Q.3 \" \"Q.4 \""));
+    QCOMPARE(exporting.log.Row(4), QStringLiteral("\"Ann Lee\" 2026-11-21 6 10 -4 2 \"=1+1\" \"007\" 1"));
+    QVERIFY(exporting.session.SpreadsheetExported);
+    QCOMPARE(QDir::currentPath(), QDir(exporting.folder.path()).canonicalPath());
+}
+
+void tst_spreadsheetexport::Export_ExistingWorkbook_RowBehindTheLast() {
+    Exporting exporting(Questions + Silent + Everything);
+    exporting.log.Grid[{3, 1}] = QStringLiteral("Name");
+    exporting.log.Grid[{4, 1}] = 0.0;
+    exporting.log.Grid[{6, 1}] = QStringLiteral("later");
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), Steps + Data + QStringLiteral("Save </> Quit"));
+    QCOMPARE(exporting.log.Row(1), QString());
+    QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Name\""));
+    QCOMPARE(exporting.log.Row(5), QStringLiteral("\"Ann Lee\" 2026-11-21 0 0 0 0 0 0 0"));
+}
+
+void tst_spreadsheetexport::Export_Options_ColumnsInOrder_data() {
+    QTest::addColumn<QString>("tags");
+    QTest::addColumn<QString>("heads");
+    QTest::addColumn<int>("row");
+    QTest::newRow("none") << QString() << QString() << 3;
+    QTest::newRow("client") << "[INCLUDE CLIENT NAME IN EXCEL FILE]"
+                            << "\"Client\"" << 4;
+    QTest::newRow("date") << "[INCLUDE DATE IN EXCEL FILE]"
+                          << "\"Date\"" << 4;
+    QTest::newRow("total") << "[INCLUDE TOTAL SCORE IN EXCEL FILE]"
+                           << "\"Total Score\"" << 4;
+    QTest::newRow("sub-scales") << "[INCLUDE SUB-SCALES IN EXCEL FILE]"
+                                << "\"Ease\" \"Joy\"" << 4;
+    QTest::newRow("choices") << "[INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]"
+                             << "\"Q.1 \" \"Q.4 \"" << 4;
+    QTest::newRow("short") << "[INCLUDE SHORT ANSWERS IN EXCEL FILE]"
+                           << "\"Q.2 \"" << 4;
+    QTest::newRow("long") << "[INCLUDE LONG ANSWERS IN EXCEL FILE]"
+                          << "\"Q.3 \"" << 4;
+}
+
+void tst_spreadsheetexport::Export_Options_ColumnsInOrder() {
+    QFETCH(QString, tags);
+    QFETCH(int, row);
+    Exporting exporting(Questions + Silent + tags + QStringLiteral("[EXCEL FILE NAME]a[/EXCEL FILE NAME]"));
+    exporting.FailWith("Open", 53, "no such file");
+    QVERIFY(exporting.Run());
+    QTEST(exporting.log.Row(3), "heads");
+    QCOMPARE(exporting.log.Row(row).isEmpty(), row == 3);
+}
+
+void tst_spreadsheetexport::Export_NothingAnswered_Zeros() {
+    Exporting exporting(Questions + Silent + Everything);
+    exporting.session.ClientName.clear();
+    exporting.log.Grid[{3, 9}] = QStringLiteral("goes");
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.log.Row(3), QStringLiteral("0 2026-11-21 0 0 0 0 0 0 0"));
+}
+
+void tst_spreadsheetexport::Export_Overflow_NothingSaved() {
+    Exporting exporting(QStringLiteral("[Q]One[A]a[v=32767][/A][/Q][Q]Two[A]a[v=1][/A][/Q]") + Silent + Everything);
+    exporting.session.Responses.ResponseChoice(1) = exporting.session.Responses.ResponseChoice(2) = 1;
+    QVERIFY_THROWS_EXCEPTION(OverflowError, (void)exporting.Run());
+    QCOMPARE(exporting.Calls(), Steps + QStringLiteral("<Exporting Test Data to Excel File> </>"));
+    QVERIFY(!exporting.session.SpreadsheetExported);
+}
+
+void tst_spreadsheetexport::Export_Prompting_AskedAndTaken() {
+    Exporting exporting(Questions + Everything);
+    exporting.windows.WhenConfirmed = [&](ExportForm& form) {
+        form.Accept(exporting.folder.filePath(QStringLiteral("other")), {{IncludeClientNameInExcel, true},
+                                                                         {IncludeDateInExcel, false},
+                                                                         {IncludeSubscalesInExcel, false},
+                                                                         {OpenExcelReportWhenCompleted, true}});
+    };
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), QStringLiteral("Confirm(~/Vellumo Results.exl) <Opening Excel for Export> "
+                                               "Open(~/other) <Exporting Test Data to Excel File> <Saving ~/other> "
+                                               "Save </> Visible UserControl"));
+    QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Ann Lee\" 0 0 0 0 0"));
+    QVERIFY(!exporting.session.Test.TestOption(IncludeDateInExcel));
+    QVERIFY(exporting.session.Test.TestOption(OpenExcelReportWhenCompleted));
+}
+
+void tst_spreadsheetexport::Export_Refused_Nothing_data() {
+    QTest::addColumn<int>("way");
+    QTest::newRow("closed") << 0;
+    QTest::newRow("cancel") << 1;
+    QTest::newRow("no path") << 2;
+    QTest::newRow("the word for it") << 3;
+}
+
+void tst_spreadsheetexport::Export_Refused_Nothing() {
+    QFETCH(int, way);
+    Exporting exporting(Questions + Everything);
+    exporting.windows.WhenConfirmed = [&](ExportForm& form) {
+        if (way == 1)
+            form.Cancel();
+        else if (way > 1)
+            form.Accept(way == 2 ? QString() : QStringLiteral("exit"), {});
+    };
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), QStringLiteral("Confirm(~/Vellumo Results.exl)"));
+    QVERIFY(!exporting.session.SpreadsheetExported);
+}
+
+void tst_spreadsheetexport::Export_Again_AskedInSpiteOfTheOption() {
+    Exporting exporting(Questions + Silent + Everything);
+    QVERIFY(exporting.Run());
+    exporting.log.Calls.clear();
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), QStringLiteral("Confirm(~/Vellumo Results.exl) again"));
+}
+
+void tst_spreadsheetexport::Export_NamesNeeded_AskedOnce_data() {
+    QTest::addColumn<QString>("tags");
+    QTest::addColumn<QString>("client");
+    QTest::addColumn<QString>("begin");
+    QTest::newRow("not needed") << QString() << QString() << "<Opening";
+    QTest::newRow("known") << "[AUTOSAVE EXCEL REPORT AS CLIENT]"
+                           << "Ann"
+                           << "<Opening";
+    QTest::newRow("in the name") << "[AUTOSAVE EXCEL REPORT AS CLIENT]" << QString() << "Names <Opening";
+    QTest::newRow("in the folder") << "[AUTOSAVE EXCEL DIRECTORY AS CLIENT]" << QString() << "Names <Opening";
+}
+
+void tst_spreadsheetexport::Export_NamesNeeded_AskedOnce() {
+    QFETCH(QString, tags);
+    QFETCH(QString, client);
+    QFETCH(QString, begin);
+    Exporting exporting(Questions + Silent + tags);
+    exporting.session.ClientName = client;
+    exporting.windows.WhenNamesAsked = [&] { exporting.session.ClientName = QStringLiteral("Bo"); };
+    QVERIFY(exporting.Run());
+    QVERIFY2(exporting.Calls().startsWith(begin), qPrintable(exporting.Calls()));
+    const QString name = begin.startsWith(u'N') ? QStringLiteral("Bo") : client;
+    QCOMPARE(exporting.Calls().contains(QStringLiteral("Results Bo.exl")) ||
+                 exporting.Calls().contains(QStringLiteral("Open(Bo/")),
+             name == QStringLiteral("Bo"));
+}
+
+void tst_spreadsheetexport::Export_Failures_MessagesAndState_data() {
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<bool>("isNew");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("calls");
+    QTest::addColumn<bool>("exported");
+    const QString adding = Steps + QStringLiteral("<Creating New Excel Export File> Add ");
+    QTest::newRow("open elsewhere")
+        << "Open" << 462 << false
+        << "Please close Excel. The file '~/Vellumo Results.exl' cannot be appended whilst it is open"
+        << Steps + QStringLiteral("</>") << false;
+    QTest::newRow("can't add") << "Add" << 7 << true << "why" << adding + QStringLiteral("</>") << false;
+    QTest::newRow("can't save as") << "SaveAs" << 1004 << true << "Error 1004 : Failed to save Excel File - why"
+                                   << adding + Data +
+                                          QStringLiteral("SaveAs(~/Vellumo Results.exl) Visible UserControl </>")
+                                   << true;
+    QTest::newRow("can't save") << "Save" << 70 << false << "Error 70 : Failed to save Excel File - why"
+                                << Steps + Data + QStringLiteral("Save Visible UserControl </>") << true;
+}
+
+void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
+    QFETCH(QString, call);
+    QFETCH(int, number);
+    QFETCH(bool, isNew);
+    QFETCH(QString, message);
+    Exporting exporting(Questions + Silent + Everything);
+    if (isNew)
+        exporting.FailWith("Open", 53, "no such file");
+    exporting.log.Failures.insert(call, SpreadsheetError(number, QStringLiteral("why")));
+    exporting.prompts.Expect(message.replace(u'~', exporting.folder.path()));
+    QVERIFY(exporting.Run());
+    QTEST(exporting.Calls(), "calls");
+    QTEST(exporting.session.SpreadsheetExported, "exported");
+}
+
+void tst_spreadsheetexport::Export_OpenAfterwards_LeftVisible() {
+    Exporting exporting(Questions + Silent + Everything + QStringLiteral("[OPEN EXCEL REPORT WHEN COMPLETED]"));
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.Calls(), Steps + Data + QStringLiteral("Save </> Visible UserControl"));
+}
+
+void tst_spreadsheetexport::Export_CantBeShown_SaysThatItIsSaved() {
+    Exporting exporting(Questions + Silent + Everything + QStringLiteral("[OPEN EXCEL REPORT WHEN COMPLETED]"));
+    exporting.FailWith("Visible", 1004, "no program");
+    QCOMPARE(exporting.Run().Message(), QStringLiteral("The results were saved. no program"));
+    QVERIFY(exporting.session.SpreadsheetExported);
+}
+
+QTEST_GUILESS_MAIN(tst_spreadsheetexport)
+#include "tst_spreadsheetexport.moc"
