@@ -94,7 +94,7 @@ void frmTestEditor::MakePages(const EditorParts& parts) {
     picOptions_ = {new AboutTestTab(parts), subscales_, new TemplateTab(parts), questions_, new AnalysisTab(parts),
                    new OptionsTab(parts, *checks_), new AutomationTab(parts, *checks_), export_};
 
-    home_ = Named(new HomePage, QStringLiteral("HomePage"));
+    home_ = Named(new HomeView, QStringLiteral("HomeView"));
     pages_ = new QStackedWidget;
     // The first tab would count as chosen.
     const QSignalBlocker quiet(tbsOptions_);
@@ -172,7 +172,7 @@ void frmTestEditor::ConnectPages() {
     connect(subscales_, &SubscalesTab::SubscalesChanged, this,
             [this] { questions_->FillSubscales(QStringLiteral("<None>")); });
     connect(export_, &ExportTab::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
-    connect(home_, &HomePage::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
+    connect(home_, &HomeView::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
     connect(findings_, &FindingsLine::Chosen, this,
             [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
 }

@@ -10,7 +10,7 @@
 #include "editor/ui/EditorTabStrip.h"
 #include "editor/ui/ExportTab.h"
 #include "editor/ui/FindingsLine.h"
-#include "editor/ui/HomePage.h"
+#include "editor/ui/HomeView.h"
 #include "editor/ui/OptionsTab.h"
 #include "editor/ui/QuestionsTab.h"
 #include "editor/ui/SubscalesTab.h"
@@ -75,7 +75,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     QLabel* heading_ = nullptr;
     EditorTabStrip* tbsOptions_ = nullptr;
     QStackedWidget* pages_ = nullptr;
-    HomePage* home_ = nullptr;
+    HomeView* home_ = nullptr;
     EditorOptionChecks* checks_ = nullptr;
     SubscalesTab* subscales_ = nullptr;
     QuestionsTab* questions_ = nullptr;

@@ -119,7 +119,7 @@ QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QB
     const QString name = QStringLiteral("xl/vellumo-styles.xml");
     pugi::xml_document types = ParseXml(package.Read(ContentTypes, MaxListBytes));
     pugi::xml_node type = AppendTo(types.document_element(), "Override");
-    type.append_attribute("PartName").set_value(("/" + name.toStdString()).c_str());
+    type.append_attribute("PartName").set_value((u'/' + name).toUtf8().constData());
     type.append_attribute("ContentType")
         .set_value("application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml");
 
@@ -128,7 +128,7 @@ QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QB
     relation.append_attribute("Id").set_value("rIdVellumoStyles");
     relation.append_attribute("Type").set_value(
         "http://schemas.openxmlformats.org/officeDocument/2006/relationships/styles");
-    relation.append_attribute("Target").set_value(("/" + name.toStdString()).c_str());
+    relation.append_attribute("Target").set_value((u'/' + name).toUtf8().constData());
 
     kept.push_back(XmlOf(types));
     package.Put(ContentTypes, {kept.back()});

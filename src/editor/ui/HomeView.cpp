@@ -1,4 +1,4 @@
-#include "editor/ui/HomePage.h"
+#include "editor/ui/HomeView.h"
 
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
@@ -29,7 +29,7 @@ QIcon PageIcon(const QPalette& palette, int size) {
 
 } // namespace
 
-HomePage::HomePage() {
+HomeView::HomeView() {
     lblinstructions_ = Named(new QLabel, QStringLiteral("lblinstructions"));
     lblinstructions_->setTextFormat(Qt::PlainText);
     lblinstructions_->setWordWrap(true);
@@ -46,8 +46,8 @@ HomePage::HomePage() {
     Picture2_->setFocusPolicy(Qt::NoFocus);
     Picture2_->setAccessibleName(QStringLiteral("Save Test As WWW Page"));
     Label10_ = Named(new LinkButton(QStringLiteral("Save Test As WWW Page")), QStringLiteral("Label10"));
-    connect(Picture2_, &QToolButton::clicked, this, &HomePage::ExportHtmlWanted);
-    connect(Label10_, &QPushButton::clicked, this, &HomePage::ExportHtmlWanted);
+    connect(Picture2_, &QToolButton::clicked, this, &HomeView::ExportHtmlWanted);
+    connect(Label10_, &QPushButton::clicked, this, &HomeView::ExportHtmlWanted);
 
     auto* row = new QHBoxLayout(Frame23_);
     SetRoom(*row, 1, 1);
@@ -61,7 +61,7 @@ HomePage::HomePage() {
     column->addStretch(1);
 }
 
-void HomePage::Show(const QString& message, bool withTest) {
+void HomeView::Show(const QString& message, bool withTest) {
     lblinstructions_->setText(message);
     Frame23_->setVisible(withTest);
 }

@@ -7,11 +7,11 @@
 #include <QToolButton>
 
 /// The home view of the editor: what test is loaded, and the shortcut to its web page.
-class HomePage : public QWidget {
+class HomeView : public QWidget {
     Q_OBJECT
 
   public:
-    HomePage();
+    HomeView();
 
     /// withTest: whether a test is loaded, which a web page can be made of.
     void Show(const QString& message, bool withTest);
