@@ -452,6 +452,22 @@ class tst_questionstab : public QObject {
         QCOMPARE(page.test.AnswerText(1, 2), u"ill"_s);
         QCOMPARE(page.test.AnswerCount(1), 2);
     }
+
+    void Wheel_OverTheSubscales_TurnsThemOnlyWithTheFocus() {
+        Page page(Mood);
+        page.Show(1);
+        auto& list = Find<QComboBox>(page.page, u"QuestionSS"_s);
+        const auto turn = [&] {
+            QWheelEvent wheel(list.rect().center(), list.mapToGlobal(list.rect().center()), {}, {0, 120}, Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&list, &wheel);
+        };
+        turn();
+        QCOMPARE(page.Subscale(), u"Calm"_s);
+        list.setFocus();
+        turn();
+        QCOMPARE(page.Subscale(), u"Energy"_s);
+    }
 };
 
 QTEST_MAIN(tst_questionstab)

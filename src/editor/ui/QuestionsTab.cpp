@@ -6,11 +6,26 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace {
 
 enum Operation { AddButton = 0, DeleteButton = 1, EditButton = 2 };
 enum Navigation { BackButton = 0, ForwardButton = 1, ClearButton = 4 };
+
+/// A drop-down list that leaves the wheel to the page until it has the focus: who scrolls past it must not change it.
+class QuietWheelList : public QComboBox {
+  public:
+    QuietWheelList() { setFocusPolicy(Qt::StrongFocus); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
 
 QStringList Items(const QComboBox& list) {
     QStringList items;
@@ -60,7 +75,7 @@ QWidget* QuestionsTab::MakeQuestionFrame() {
 }
 
 QLayout* QuestionsTab::MakeSubscaleRow() {
-    QuestionSS_ = Named(new QComboBox, QStringLiteral("QuestionSS"));
+    QuestionSS_ = Named(new QuietWheelList, QStringLiteral("QuestionSS"));
     // As wide as its row: a long name must not widen the page.
     QuestionSS_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     QuestionSS_->setMinimumContentsLength(16);
