@@ -1,3 +1,4 @@
+#include "editor/FindingsText.h"
 #include "editor/ui/frmTestEditor.h"
 #include "support/Files.h"
 #include "support/RecordingNavigator.h"
@@ -84,12 +85,15 @@ class tst_frmtesteditor : public QObject {
     void Form_Load_File_HomeViewOfIt();
     void Form_Load_BrokenFile_EndsTheProgram();
     void Tabs_EachByClickAndKey_PageHelpAndQuestion();
+    void Home_Keys_FirstTabAndButtons();
+    void Heading_TitleOfManyLines_OneLine();
     void Home_FromEachPage_WhatStaysInView();
     void About_Typing_WritesTheDocumentAtOnce();
     void Close_AfterATab_Asks_data();
     void Close_AfterATab_Asks();
     void NewOpenList_Cancel_GoOnAllTheSame();
     void Open_DialogCancelled_DocumentClearedControlsStay();
+    void Open_DialogCancelled_EntriesShownCannotBeDeleted();
     void Open_Unreadable_NoNameIsLeft();
     void Save_Untitled_IntoTheCurrentDirectory();
     void Save_NoName_AsksForOne();
@@ -186,9 +190,35 @@ void tst_frmtesteditor::Tabs_EachByClickAndKey_PageHelpAndQuestion() {
         Press(*editor.window, Qt::Key_Tab, Qt::ControlModifier);
         check(page);
         // The keyboard goes on in the page.
-        QVERIFY(editor.The<QWidget>(u"picOptions_%1"_s.arg(page - 1)).isAncestorOf(editor.window->focusWidget()) ||
-                editor.The<EditorTabStrip>(u"tbsOptions"_s).hasFocus());
+        QVERIFY(editor.The<QWidget>(u"picOptions_%1"_s.arg(page - 1)).isAncestorOf(editor.window->focusWidget()));
     }
+}
+
+void tst_frmtesteditor::Home_Keys_FirstTabAndButtons() {
+    Editor byArrow;
+    Press(byArrow.The<EditorTabStrip>(u"tbsOptions"_s), Qt::Key_Right);
+    QCOMPARE(byArrow.PageInView(), 1);
+    Press(byArrow.The<EditorTabStrip>(u"tbsOptions"_s), Qt::Key_Right);
+    QCOMPARE(byArrow.PageInView(), 2);
+    Press(byArrow.The<QPushButton>(u"Command2"_s), Qt::Key_Return);
+    QCOMPARE(byArrow.PageInView(), 0);
+
+    Editor byShortcut;
+    Press(byShortcut.The<EditorTabStrip>(u"tbsOptions"_s), Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(byShortcut.window->focusWidget(), &byShortcut.The<QWidget>(u"txtTitle"_s));
+}
+
+void tst_frmtesteditor::Heading_TitleOfManyLines_OneLine() {
+    Editor editor;
+    auto& heading = editor.The<QLabel>(u"Heading"_s);
+    const int height = heading.height();
+    editor.ChooseTab(0);
+    QApplication::clipboard()->setText(u"First line\nsecond line\n"_s.repeated(100));
+    editor.The<QLineEdit>(u"txtTitle"_s).selectAll();
+    editor.The<QLineEdit>(u"txtTitle"_s).paste();
+    QCoreApplication::processEvents();
+    QVERIFY(heading.text().startsWith(u"First line second line"_s));
+    QCOMPARE(heading.height(), height);
 }
 
 void tst_frmtesteditor::Home_FromEachPage_WhatStaysInView() {
@@ -290,6 +320,37 @@ void tst_frmtesteditor::Open_DialogCancelled_DocumentClearedControlsStay() {
     QCOMPARE(editor.test.QuestionCount, 0);
     QCOMPARE(editor.The<QLineEdit>(u"txtTitle"_s).text(), u"Mood"_s);
     QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
+    QCOMPARE(editor.The<QLabel>(u"FindingsLength"_s).text(), LengthUsedText(0));
+    QCOMPARE(editor.The<QLabel>(u"Heading"_s).text(), QString());
+}
+
+void tst_frmtesteditor::Open_DialogCancelled_EntriesShownCannotBeDeleted() {
+    struct Entries {
+        int Tab;
+        QString List;
+        QString Delete;
+    };
+    for (const Entries& one :
+         {Entries{1, u"ListSubScale"_s, u"CmdSubScaleAdd_1"_s}, Entries{2, u"ListTemplate"_s, u"Cmdtemplate_1"_s},
+          Entries{4, u"ListTotalAnalysis"_s, u"CmdTotalAdd_1"_s}}) {
+        Editor editor;
+        PutBytes(editor.Path(u"scales.vlm"_s), "[TITLE]Scales[/TITLE]\r\n[SUBSCALES]\r\n[S]One\r\n[/S]\r\n[/SUBSCALES]"
+                                               "\r\n[TOTAL]\r\n[SIG]0 to 5 =Low[/SIG]\r\n[/TOTAL]\r\n[TEMPLATE]\r\n"
+                                               "[A]Yes[v=1][/A]\r\n[/TEMPLATE]\r\n[Q]How?\r\n[/Q]\r\n");
+        editor.chooser.ExpectOpen(editor.Path(u"scales.vlm"_s));
+        editor.ChooseItem(u"mnufile_2"_s);
+        editor.chooser.ExpectOpen({});
+        editor.ChooseItem(u"mnufile_2"_s);
+        editor.ChooseTab(one.Tab);
+        auto& list = editor.The<QListWidget>(one.List);
+        QCOMPARE(list.count(), 1);
+        list.setCurrentRow(0);
+        editor.ClickOn(one.Delete);
+        QCOMPARE(list.count(), 0);
+        QCOMPARE(editor.test.SubscaleCount, 0);
+        QCOMPARE(editor.test.TotalRangeCount, 0);
+        QCOMPARE(editor.test.TemplateAnswerCount, 0);
+    }
 }
 
 void tst_frmtesteditor::Open_Unreadable_NoNameIsLeft() {

@@ -59,6 +59,9 @@ void AnalysisTab::GoTo(const TestPlace& place) {
 
 void AnalysisTab::CmdTotalAdd_Click(int index) {
     const int r = ListTotalAnalysis_->Chosen();
+    // The entries shown may be those of a test that the document doesn't hold any more.
+    if (index != Add && r > Test().TotalRangeCount)
+        return RefreshFromTest();
     if (index == Delete) {
         DeleteTotalRange(Test(), r);
     } else {

@@ -39,6 +39,9 @@ void EditorTabStrip::keyPressEvent(QKeyEvent* event) {
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (chooses && currentIndex() >= 0)
         return TakeChoice(currentIndex());
+    // With no tab chosen yet, the strip's own keys would pass over the first one.
+    if (noneYet_ && count() > 0 && event->key() == Qt::Key_Right)
+        return TakeChoice(currentIndex());
     QTabBar::keyPressEvent(event);
 }
 

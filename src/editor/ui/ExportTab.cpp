@@ -44,7 +44,7 @@ QGroupBox* ExportTab::MakeHtmlFrame() {
     auto* line = new QHBoxLayout(frame);
     SetRoom(*line, 2, 1);
     CmdSaveHtml_ = Named(new QPushButton(QStringLiteral("Save Test As WWW Page")), QStringLiteral("CmdSaveHtml"));
-    CmdSaveHtml_->setAutoDefault(false);
+    CmdSaveHtml_->setAutoDefault(true);
     CmdSaveHtml_->setMinimumWidth(CmdSaveHtml_->sizeHint().width() + 2 * GridUnit);
     connect(CmdSaveHtml_, &QPushButton::clicked, this, &ExportTab::ExportHtmlWanted);
     line->addWidget(CmdSaveHtml_);

@@ -46,7 +46,7 @@ QWidget* MakeDirectoryButton(const EditorParts& parts, FieldBox* box, const QStr
     auto* button = Named(new QPushButton(QStringLiteral("...")), name);
     button->setAccessibleName(question);
     button->setToolTip(question);
-    button->setAutoDefault(false);
+    button->setAutoDefault(true);
     button->setFixedWidth(6 * GridUnit);
     QObject::connect(button, &QPushButton::clicked, box, [parts, box] {
         const QString& workingDirectory = parts.UserSettings.DefaultDirectory;

@@ -105,6 +105,12 @@ void SubscalesTab::GoTo(const TestPlace& place) {
 
 void SubscalesTab::CmdSubScaleAdd_Click(int index) {
     const auto action = static_cast<Action>(index);
+    // The entries shown may be those of a test that the document doesn't hold any more.
+    if (ListSubScale_->count() != Test().SubscaleCount) {
+        ShowNames();
+        if (action != Add)
+            return RefreshFromTest();
+    }
     if (const Result result = Perform(action); !result) {
         Parts().Boxes.Inform(result.Message());
         return;

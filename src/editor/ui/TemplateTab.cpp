@@ -122,6 +122,9 @@ void TemplateTab::ListTemplate_Click() {
 }
 
 void TemplateTab::Cmdtemplate_Click(int index) {
+    // The entries shown may be those of a test that the document doesn't hold any more.
+    if (index != AddButton && Selected() > Test().TemplateAnswerCount)
+        return RefreshFromTest();
     if (index == AddButton)
         AddTyped();
     else if (index == EditButton)

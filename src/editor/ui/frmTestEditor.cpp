@@ -28,6 +28,9 @@ constexpr QSize SmallestSize(40 * GridUnit, 34 * GridUnit);
 constexpr int FindingsPause = 300;
 constexpr int CopyAge = 2000;
 
+// More than the widest window shows, and few enough to be measured while someone types.
+constexpr int LettersOfHeading = 500;
+
 void FocusFirstControl(QWidget& page) {
     for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain())
         if (page.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
@@ -123,7 +126,8 @@ QWidget* frmTestEditor::MakeHeading() {
 QLayout* frmTestEditor::MakeButtons() {
     const auto make = [this](const char* name, const QString& caption, void (frmTestEditor::*handler)()) {
         auto* button = Named(new QPushButton(caption), QLatin1String(name));
-        button->setAutoDefault(false);
+        // Return presses it as Space does.
+        button->setAutoDefault(true);
         connect(button, &QPushButton::clicked, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
         return button;
     };
@@ -145,7 +149,11 @@ void frmTestEditor::ConnectMenus() {
         connect(menus_, signal, this, [this, action] { Guarded(action); });
     };
     on(&EditorMenus::NewWanted, [this] { file_.New(); });
-    on(&EditorMenus::OpenWanted, [this] { file_.Open(); });
+    on(&EditorMenus::OpenWanted, [this] {
+        file_.Open();
+        // A cancelled dialog leaves the pages as they are, and what is told of the document follows it.
+        ShowFindings();
+    });
     on(&EditorMenus::mnufilesave_Click, [this] { file_.Save(); });
     on(&EditorMenus::mnufilesaveas_Click, [this] { file_.SaveAs(); });
     on(&EditorMenus::savehtml_Click, [this] { parts_.Ways.ExportHtml(); });
@@ -224,7 +232,12 @@ void frmTestEditor::tbsOptions_Click(int index) {
         FocusFirstControl(*PageAt(index));
 }
 
-void frmTestEditor::Form_KeyDown(int step) { tbsOptions_->Choose(tbsOptions_->NextTab(step)); }
+void frmTestEditor::Form_KeyDown(int step) {
+    const int tab = tbsOptions_->NextTab(step);
+    tbsOptions_->Choose(tab);
+    // Into the page, from the tabs as from anywhere else.
+    FocusFirstControl(*PageAt(tab));
+}
 
 void frmTestEditor::Command1_Click() {
     if (file_.Save())
@@ -280,11 +293,14 @@ void frmTestEditor::DocumentChanged() {
     findingsTimer_.start();
     if (!copyTimer_.isActive())
         copyTimer_.start();
-    heading_->setText(parts_.Test.TestTitle);
+    ShowHeading();
 }
 
+// One line, whatever breaks a title was pasted with.
+void frmTestEditor::ShowHeading() { heading_->setText(parts_.Test.TestTitle.left(LettersOfHeading).simplified()); }
+
 void frmTestEditor::ShowFindings() {
-    heading_->setText(parts_.Test.TestTitle);
+    ShowHeading();
     int length = 0;
     const std::vector<Finding> findings = CheckForSaving(parts_.Test, &length);
     findings_->Show(findings, length);

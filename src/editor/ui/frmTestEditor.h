@@ -62,6 +62,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void Quit_Click();
     void hlp_Click();
     void DocumentChanged();
+    void ShowHeading();
     void ShowFindings();
     void GoTo(const TestPlace& place);
     void Guarded(const std::function<void()>& action);
