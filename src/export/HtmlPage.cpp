@@ -63,7 +63,7 @@ std::optional<QByteArray> InEncoding(const QString& text, const QString& name) {
 QString NewPage(const QString& title, const QString& generated) {
     return QStringLiteral("<html><head><title>") + title +
            QStringLiteral("</title></head><body bgcolor='#FFFFFF' text='#000080'>") + generated +
-           QStringLiteral("<p align='center'>Test Created By <a href='") + QLatin1String(HomePage) +
+           QStringLiteral("<p align='center'>Test Created By <a href='") + QLatin1String(HomePageAddress) +
            QStringLiteral("'>Vellumo</a>.</p></body></html>");
 }
 

@@ -101,12 +101,13 @@ void FillTag(QString& text, const QString& tag, const QString& value) {
                             QStringLiteral(" contains that tag itself, so that filling it in would never end"));
     // Pieces around a filled-in value can make up the tag anew; a text that goes on and on in this way is given up.
     qsizetype work = 0;
-    for (qsizetype count = text.count(tag); count > 0; count = text.count(tag)) {
-        const qsizetype grown = text.size() + count * (value.size() - tag.size());
-        work += text.size() + grown;
+    do {
+        const qsizetype most = text.size() / tag.size() * value.size();
+        const qsizetype grown = text.size() + (most > MostCharacters ? text.count(tag) * value.size() : 0);
+        work += grown;
         RequirePageLength(qMax(grown, work / 16));
         text.replace(tag, value);
-    }
+    } while (text.contains(tag));
 }
 
 QString QuoteForScript(QString text) { return text.replace(u'\'', QStringLiteral("\\'")); }

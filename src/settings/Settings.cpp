@@ -47,7 +47,7 @@ constexpr SettingRow Rows[] = {
     TextRow("defaultHTMLTemplate", &Settings::HtmlTemplatePath, "HTML Template.vlx"),
     TextRow("defaultBrowser", &Settings::DefaultBrowser, BrowserProgram),
     TextRow("defaultEmail", &Settings::DefaultEmail, "someone@example.com"),
-    TextRow("defaultNextPage", &Settings::DefaultNextPage, HomePage),
+    TextRow("defaultNextPage", &Settings::DefaultNextPage, HomePageAddress),
     FolderRow("dirhtml", &Settings::HtmlDirectory, Folder::Program),
     FolderRow("dirtemphtml", &Settings::TempHtmlDirectory, Folder::Program),
 };

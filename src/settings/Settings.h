@@ -24,7 +24,7 @@ struct Settings {
 };
 
 /// The address of the program's own web page.
-inline constexpr const char* HomePage = "https://www.example.com/vellumo";
+inline constexpr const char* HomePageAddress = "https://www.example.com/vellumo";
 
 /// What the defaults of a first run depend on.
 struct DefaultFolders {

@@ -35,6 +35,11 @@ test('axe finds nothing, in light and dark, wide and narrow', async () => {
   }
 });
 
+test('a machine on which Vellumo never ran finds the template beside the program', async () => {
+  const path = web.put('small.vlm', small);
+  assert.equal(web.cli('html', path), web.cli('html', path, '--template', web.standardTemplate));
+});
+
 test('texts stand under the questions that they belong to', async () => {
   const tab = await web.open(browser, smallPage());
   assert.equal(await tab.title(), 'Small');
