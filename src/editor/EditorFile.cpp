@@ -77,7 +77,8 @@ bool EditorFile::Read(const QString& path) {
         const Result opened = OpenTest(parts_.Test, AbsolutePath(path));
         if (!opened)
             parts_.Boxes.Inform(opened.Message());
-        return opened.Ok();
+        inFile_ = opened.Ok();
+        return inFile_;
     } catch (const Failure& failure) {
         ended_ = true;
         parts_.Boxes.Ask({failure.Message(), {}, PromptButtons::Ok, PromptIcon::Critical});
@@ -90,6 +91,7 @@ bool EditorFile::Read(const QString& path) {
 void EditorFile::Clear() {
     parts_.Test = TestDocument();
     ClearTest(parts_.Test);
+    inFile_ = false;
 }
 
 bool EditorFile::MayReplace() {
@@ -136,9 +138,10 @@ bool EditorFile::SaveAs() {
 bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
-    saved_ = outcome.Written;
+    saved_ = inFile_ = outcome.Written;
     if (outcome.Written)
         parts_.Copies.Drop(parts_.Test);
+    view_.ShowSaveState(SaveState());
     if (!outcome.Message.isEmpty())
         parts_.Boxes.Inform(outcome.Message);
     return outcome.Written && outcome.OpensAgain;
@@ -160,6 +163,12 @@ EditorFile::Answer EditorFile::QuerySave() {
 }
 
 void EditorFile::ListFilesAgain() { fileList_ = ListFiles(QStringLiteral("*.vlm")).mid(0, MaxListedFiles); }
+
+QString EditorFile::SaveState() const {
+    if (parts_.Copies.HasChanges(parts_.Test))
+        return QStringLiteral("Not saved");
+    return inFile_ ? QStringLiteral("Saved") : QString();
+}
 
 QString EditorFile::Title() const {
     return WindowTitle + (HasTest() ? parts_.Test.TestFileName : QStringLiteral("Untitled"));

@@ -17,6 +17,7 @@ class EditorView {
     virtual void RefreshFromTest() = 0;
     virtual void ShowHome() = 0;
     virtual void ShowTitle(const QString& title) = 0;
+    virtual void ShowSaveState(const QString& state) = 0;
 };
 
 /// What is outside of the editor. All of it outlives the editor.
@@ -57,6 +58,8 @@ class EditorFile {
 
     /// Brings the copy of unsaved changes up to date.
     void KeepCopy();
+    /// "Saved", "Not saved", or nothing for an empty test without a file. Unlike Saved() it tells what is so.
+    QString SaveState() const;
 
     /// Nothing to save, as the question sees it: the home view and a save set it, choosing a page takes it away.
     bool Saved() const { return saved_; }
@@ -81,6 +84,7 @@ class EditorFile {
     EditorFileParts parts_;
     EditorView& view_;
     bool saved_ = true;
+    bool inFile_ = false;
     bool ended_ = false;
     bool copyFailureTold_ = false;
     QStringList fileList_;

@@ -58,6 +58,8 @@ void Recovery::GoOnWith(const RecoveredTest& left) {
     lock_->tryLock(0);
 }
 
+bool Recovery::HasChanges(const TestDocument& test) const { return ToSnapshot(test) != inFile_; }
+
 Result Recovery::Keep(const TestDocument& test) {
     if (folder_.isEmpty())
         return Result::Done();

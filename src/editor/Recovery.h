@@ -28,6 +28,8 @@ class Recovery {
     void Begin(const TestDocument& test);
     /// Goes on with a copy that was left, which stays until it is saved or dropped.
     void GoOnWith(const RecoveredTest& left);
+    /// Whether the document differs from what is in its file.
+    bool HasChanges(const TestDocument& test) const;
     /// Brings the copy up to date: writes it when the document has changed, and drops it when it is as it was in its
     /// file. Fails with a message when the copy can't be written.
     Result Keep(const TestDocument& test);

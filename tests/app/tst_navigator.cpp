@@ -181,9 +181,10 @@ void tst_navigator::Start_TestLeftUnsaved_IsOffered_data() {
     QTest::addColumn<PromptAnswer>("answer");
     QTest::addColumn<bool>("editorOpens");
     QTest::addColumn<bool>("offeredAgain");
-    QTest::newRow("yes") << PromptAnswer::Yes << true << true;
-    QTest::newRow("no") << PromptAnswer::No << false << false;
-    QTest::newRow("not now") << PromptAnswer::Cancel << false << true;
+    QTest::addColumn<bool>("fileIsNewer");
+    QTest::newRow("yes") << PromptAnswer::Yes << true << true << false;
+    QTest::newRow("no") << PromptAnswer::No << false << false << true;
+    QTest::newRow("not now") << PromptAnswer::Cancel << false << true << true;
 }
 
 void tst_navigator::Start_TestLeftUnsaved_IsOffered() {
@@ -201,6 +202,12 @@ void tst_navigator::Start_TestLeftUnsaved_IsOffered() {
         test.TestTitle = QStringLiteral("Half written");
         QVERIFY(crashed.Keep(test).Ok());
     }
+    // The clock of this program is ahead of the file's, or behind it.
+    QFile mood(program.folder.filePath(QStringLiteral("Mood.vlm")));
+    QVERIFY(mood.open(QIODevice::ReadWrite));
+    QFETCH(const bool, fileIsNewer);
+    QVERIFY(mood.setFileTime(program.clock.Now().addSecs(fileIsNewer ? 60 : -60), QFileDevice::FileModificationTime));
+    mood.close();
     const QString question = QStringLiteral("The test 'Half written' (the file '") +
                              program.folder.filePath(QStringLiteral("Mood.vlm")) +
                              QStringLiteral("') has changes that were not saved when Vellumo ended.");
@@ -209,6 +216,7 @@ void tst_navigator::Start_TestLeftUnsaved_IsOffered() {
         .Titled(QStringLiteral("Unsaved Test"))
         .WithButtons(PromptButtons::YesNoCancel);
     program.navigator.Start();
+    QCOMPARE(program.prompts.Shown().last().contains(QStringLiteral("The file was changed after that, on ")), fileIsNewer);
     QCOMPARE(program.navigator.Editor() != nullptr, editorOpens);
     if (editorOpens) {
         QTRY_COMPARE(VisibleWindows(), 1);

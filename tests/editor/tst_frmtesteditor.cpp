@@ -101,6 +101,7 @@ class tst_frmtesteditor : public QObject {
     void Save_TooLong_SaysByHowMuchAndStays();
     void Leave_UnsavedChanges_CopyIsKept_data();
     void Leave_UnsavedChanges_CopyIsKept();
+    void SaveState_OnAnyWay_TellsWhatIsSo();
     void FileList_TwelveFiles_FirstTen();
     void Findings_Chosen_LeadToThePage();
 };
@@ -481,6 +482,29 @@ void tst_frmtesteditor::Leave_UnsavedChanges_CopyIsKept() {
     QCOMPARE(editor.CopyIsLeft(), copyIsKept);
     if (copyIsKept)
         QCOMPARE(Recovery(editor.kept.path(), editor.clock).Left()->Test.TestTitle, u"Mood!"_s);
+}
+
+void tst_frmtesteditor::SaveState_OnAnyWay_TellsWhatIsSo() {
+    Editor editor;
+    const auto state = [&] { return editor.The<QLabel>(u"SaveState"_s).text(); };
+    QCOMPARE(state(), u"Saved"_s);
+    editor.ChooseTab(0);
+    editor.TypeTitle(u"!"_s);
+    QTRY_COMPARE(state(), u"Not saved"_s);
+    // The home view settles the question before leaving, but not this.
+    editor.ClickOn(u"Command2"_s);
+    QCOMPARE(state(), u"Not saved"_s);
+    editor.ChooseItem(u"mnufilesave"_s);
+    QCOMPARE(state(), u"Saved"_s);
+    editor.ChooseTab(0);
+    Press(editor.The<QLineEdit>(u"txtTitle"_s), Qt::Key_End);
+    editor.TypeTitle(u"?"_s);
+    QTRY_COMPARE(state(), u"Not saved"_s);
+    Press(editor.The<QLineEdit>(u"txtTitle"_s), Qt::Key_Backspace);
+    QTRY_COMPARE(state(), u"Saved"_s);
+    editor.ExpectQuestion(PromptAnswer::No);
+    editor.ChooseItem(u"mnufile_1"_s);
+    QCOMPARE(state(), QString());
 }
 
 void tst_frmtesteditor::FileList_TwelveFiles_FirstTen() {

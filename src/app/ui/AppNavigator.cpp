@@ -7,21 +7,31 @@
 #include "testdoc/TestParser.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace {
 
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
 
+QString ShortTime(const QDateTime& time) { return QLocale().toString(time, QLocale::ShortFormat); }
+
 QString LeftTestQuestion(const RecoveredTest& left) {
     const TestDocument& test = left.Test;
     const QString title = test.TestTitle.isEmpty() ? QStringLiteral("Untitled") : test.TestTitle;
     const QString file = test.TestFileName.isEmpty() ? QStringLiteral("a test that has no file yet")
                                                      : QStringLiteral("the file '") + test.TestFileName + u'\'';
+    const QDateTime saved = QFileInfo(test.TestFileName).lastModified();
+    // Whoever goes on with the older one would undo what was saved since.
+    const QString newer =
+        !test.TestFileName.isEmpty() && saved > left.KeptAt
+            ? QStringLiteral(" The file was changed after that, on ") + ShortTime(saved) +
+                  QStringLiteral(": what was written to it then is not among them, and saving them would replace it.")
+            : QString();
     return QStringLiteral("The test '") + title + QStringLiteral("' (") + file +
            QStringLiteral(") has changes that were not saved when Vellumo ended. They were kept on ") +
-           QLocale().toString(left.KeptAt, QLocale::ShortFormat) +
-           QStringLiteral(".\n\nDo you want to go on with them in the editor? 'No' gives them up, 'Cancel' asks again "
+           ShortTime(left.KeptAt) + u'.' + newer +
+           QStringLiteral("\n\nDo you want to go on with them in the editor? 'No' gives them up, 'Cancel' asks again "
                           "at the next start.");
 }
 

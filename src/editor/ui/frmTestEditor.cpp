@@ -119,7 +119,10 @@ QWidget* frmTestEditor::MakeHeading() {
     heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* row = new QHBoxLayout(strip);
     SetRoom(*row, 2, 1);
-    row->addWidget(heading_);
+    row->addWidget(heading_, 1);
+    saveState_ = Named(new QLabel, QStringLiteral("SaveState"));
+    saveState_->setTextFormat(Qt::PlainText);
+    row->addWidget(saveState_);
     return strip;
 }
 
@@ -300,6 +303,7 @@ void frmTestEditor::DocumentChanged() {
 void frmTestEditor::ShowHeading() { heading_->setText(parts_.Test.TestTitle.left(LettersOfHeading).simplified()); }
 
 void frmTestEditor::ShowFindings() {
+    ShowSaveState(file_.SaveState());
     ShowHeading();
     int length = 0;
     const std::vector<Finding> findings = CheckForSaving(parts_.Test, &length);

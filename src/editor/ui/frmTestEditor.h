@@ -45,6 +45,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void RefreshFromTest() override;
     void ShowHome() override { ShowHome(EditorPage::Options); }
     void ShowTitle(const QString& title) override { setWindowTitle(title); }
+    void ShowSaveState(const QString& state) override { saveState_->setText(state); }
     /// The home view. A page behind lastMoved stays in view over it.
     void ShowHome(EditorPage lastMoved);
 
@@ -74,6 +75,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     HelpKey* help_ = nullptr;
 
     QLabel* heading_ = nullptr;
+    QLabel* saveState_ = nullptr;
     EditorTabStrip* tbsOptions_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     HomeView* home_ = nullptr;
