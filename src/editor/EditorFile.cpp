@@ -4,6 +4,8 @@
 #include "testdoc/TestParser.h"
 #include "testdoc/TestWriter.h"
 
+#include <QDir>
+
 namespace {
 
 const QString WindowTitle = QStringLiteral("Vellumo Editor - ");
@@ -58,7 +60,7 @@ void EditorFile::OpenListed(int i) {
     if (!MayReplace())
         return;
     Clear();
-    OpenPath(fileList_.at(i - 1));
+    OpenPath(QDir(listedIn_).filePath(fileList_.at(i - 1)));
 }
 
 void EditorFile::OpenPath(const QString& path) {
@@ -94,7 +96,11 @@ void EditorFile::Clear() {
 
 bool EditorFile::MayReplace() {
     KeepCopy();
-    return QuerySave() != Answer::Stay;
+    if (QuerySave() == Answer::Stay)
+        return false;
+    // A dialog may stand open before the next test is there, and what the timer would keep then isn't this one.
+    parts_.Copies.End();
+    return true;
 }
 
 void EditorFile::KeepCopy() {
@@ -119,10 +125,8 @@ bool EditorFile::Save() {
 }
 
 bool EditorFile::SaveAs() {
-    const QString path = parts_.Files.SaveFile({{},
-                                                QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"),
-                                                {},
-                                                QStringLiteral(".vlm")});
+    const QString path = parts_.Files.SaveFile(
+        {{}, QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, QStringLiteral(".vlm")});
     ChangeDirectory(parts_.UserSettings.DefaultDirectory);
     if (path.isEmpty())
         return false;
@@ -137,8 +141,10 @@ bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
     saved_ = outcome.Written;
-    if (outcome.Written)
+    if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
+    else if (outcome.Written)
+        KeepCopy(); // the only way back into the editor
     if (!outcome.Message.isEmpty())
         parts_.Boxes.Inform(outcome.Message);
     return outcome.Written && outcome.OpensAgain;
@@ -159,7 +165,10 @@ EditorFile::Answer EditorFile::QuerySave() {
     }
 }
 
-void EditorFile::ListFilesAgain() { fileList_ = ListFiles(QStringLiteral("*.vlm")).mid(0, MaxListedFiles); }
+void EditorFile::ListFilesAgain() {
+    fileList_ = ListFiles(QStringLiteral("*.vlm")).mid(0, MaxListedFiles);
+    listedIn_ = QDir::currentPath();
+}
 
 QString EditorFile::Title() const {
     return WindowTitle + (HasTest() ? parts_.Test.TestFileName : QStringLiteral("Untitled"));
