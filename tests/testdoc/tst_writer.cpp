@@ -272,6 +272,7 @@ void tst_writer::SaveTestFile_OneAnswerOf500Questions_OneLineDiffers() {
     QVERIFY(OpenTest(opened, path).Ok());
     opened.AnswerText(117, 2) = u"Often"_s;
     QVERIFY(SaveTestFile(opened).OpensAgain);
+    QVERIFY(opened.TestFileText.isEmpty()); // it no longer describes the document
     const QList<QByteArray> after = BytesOf(path).split('\n');
     QCOMPARE(after.size(), before.size());
     QStringList changed;
