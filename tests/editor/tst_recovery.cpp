@@ -216,6 +216,7 @@ void tst_recovery::Drop_AfterAKill_LeavesNothing() {
 void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data() {
     QTest::addColumn<QString>("by");
     QTest::addColumn<QString>("file");
+    QTest::newRow("New") << u"New"_s << QString();
     QTest::newRow("Open, cancelled") << u"Open"_s << QString();
     QTest::newRow("Open, a test") << u"Open"_s << u"other.vlm"_s;
     QTest::newRow("Open, no file") << u"Open"_s << u"none.vlm"_s;
@@ -245,16 +246,24 @@ void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne() {
         outside.Meanwhile = [&] { editor.KeepCopy(); };
         if (by == u"Open"_s) {
             editor.Open();
+        } else if (by == u"New"_s) {
+            editor.New();
         } else {
             editor.ListFilesAgain();
             editor.OpenListed(1);
         }
+        test.TestTitle = u"Next"_s;
+        editor.KeepCopy();
     }
     QDir::setCurrent(QDir::rootPath());
     const auto left = Run().Left();
     QVERIFY(left);
     QCOMPARE(left->Test.TestTitle, u"Changed"_s);
     Run().Discard(*left);
+    const auto next = Run().Left();
+    QVERIFY(next);
+    QCOMPARE(next->Test.TestTitle, u"Next"_s);
+    Run().Discard(*next);
     QVERIFY(!Run().Left());
 }
 

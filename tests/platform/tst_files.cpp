@@ -43,6 +43,7 @@ class tst_files : public QObject {
     void WriteFile_NewFile_OwnerOnly();
     void WriteFile_Link_FollowedAndPermissionsKept();
     void WriteFile_DiskFull_EarlierVersionKept();
+    void WriteFile_DiskFullThroughALink_CopyBesideTheFile();
     void WriteFile_DiskFullNewFile_NoPieceLeft();
     void WriteFile_CopyDoesNotFit_TargetUntouched();
     void WriteFile_NoPermission_EarlierVersionUntouched_data();
@@ -206,6 +207,22 @@ void tst_files::WriteFile_DiskFull_EarlierVersionKept() {
         written = WriteFile(Path("a"), QByteArray(1000, 'y'));
     }
     QCOMPARE(Content(Path("a.earlier")), "earlier");
+}
+
+void tst_files::WriteFile_DiskFullThroughALink_CopyBesideTheFile() {
+    QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("far")));
+    QVERIFY(Make(Path("far/a"), "earlier"));
+    QCOMPARE(chmod(qPrintable(Path("far/a")), 0640), 0);
+    QVERIFY(QFile::link(Path("far/a"), Path("link")));
+    {
+        const SmallDisk disk(10);
+        QVERIFY(!WriteFile(Path("link"), QByteArray(1000, 'x')));
+    }
+    QCOMPARE(Content(Path("far/a.earlier")), "earlier");
+    // Who could read it before can read it still.
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(Path("far/a.earlier")), &status), 0);
+    QCOMPARE(status.st_mode & 0777, 0640u);
 }
 
 void tst_files::WriteFile_DiskFullNewFile_NoPieceLeft() {
