@@ -4,6 +4,8 @@
 #include "testdoc/TestParser.h"
 #include "testdoc/TestWriter.h"
 
+#include <QDir>
+
 namespace {
 
 const QString WindowTitle = QStringLiteral("Vellumo Editor - ");
@@ -58,7 +60,7 @@ void EditorFile::OpenListed(int i) {
     if (!MayReplace())
         return;
     Clear();
-    OpenPath(fileList_.at(i - 1));
+    OpenPath(QDir(listedIn_).filePath(fileList_.at(i - 1)));
 }
 
 void EditorFile::OpenPath(const QString& path) {
@@ -96,7 +98,11 @@ void EditorFile::Clear() {
 
 bool EditorFile::MayReplace() {
     KeepCopy();
-    return QuerySave() != Answer::Stay;
+    if (QuerySave() == Answer::Stay)
+        return false;
+    // A dialog may stand open before the next test is there, and what the timer would keep then isn't this one.
+    parts_.Copies.End();
+    return true;
 }
 
 void EditorFile::KeepCopy() {
@@ -121,10 +127,8 @@ bool EditorFile::Save() {
 }
 
 bool EditorFile::SaveAs() {
-    const QString path = parts_.Files.SaveFile({{},
-                                                QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"),
-                                                {},
-                                                QStringLiteral(".vlm")});
+    const QString path = parts_.Files.SaveFile(
+        {{}, QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, QStringLiteral(".vlm")});
     ChangeDirectory(parts_.UserSettings.DefaultDirectory);
     if (path.isEmpty())
         return false;
@@ -139,8 +143,10 @@ bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
     saved_ = inFile_ = outcome.Written;
-    if (outcome.Written)
+    if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
+    else if (outcome.Written)
+        KeepCopy(); // the only way back into the editor
     view_.ShowSaveState(SaveState());
     if (!outcome.Message.isEmpty())
         parts_.Boxes.Inform(outcome.Message);
@@ -162,7 +168,10 @@ EditorFile::Answer EditorFile::QuerySave() {
     }
 }
 
-void EditorFile::ListFilesAgain() { fileList_ = ListFiles(QStringLiteral("*.vlm")).mid(0, MaxListedFiles); }
+void EditorFile::ListFilesAgain() {
+    fileList_ = ListFiles(QStringLiteral("*.vlm")).mid(0, MaxListedFiles);
+    listedIn_ = QDir::currentPath();
+}
 
 QString EditorFile::SaveState() const {
     if (parts_.Copies.HasChanges(parts_.Test))

@@ -88,4 +88,6 @@ class EditorFile {
     bool ended_ = false;
     bool copyFailureTold_ = false;
     QStringList fileList_;
+    /// The current directory may be another one by the time that a file is chosen.
+    QString listedIn_;
 };

@@ -29,6 +29,12 @@ QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
     return bytes;
 }
 
+void RemoveFiles(const QString& path) {
+    QFile::remove(path);
+    // Left by a program that ended while it wrote; the next copy under this name must not pass for it.
+    QFile::remove(path + QStringLiteral(".earlier"));
+}
+
 bool ReadCopy(const QString& path, RecoveredTest& copy) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > LongestCopy)
@@ -44,12 +50,19 @@ bool ReadCopy(const QString& path, RecoveredTest& copy) {
 
 void Recovery::Begin(const TestDocument& test) {
     LetGo();
+    editing_ = true;
     inFile_ = ToSnapshot(test);
     kept_.clear();
 }
 
+void Recovery::End() {
+    LetGo();
+    editing_ = false;
+}
+
 void Recovery::GoOnWith(const RecoveredTest& left) {
     LetGo();
+    editing_ = true;
     // Nothing is known of the file, so any state of the document is a change.
     inFile_.clear();
     kept_ = ToSnapshot(left.Test);
@@ -61,15 +74,13 @@ void Recovery::GoOnWith(const RecoveredTest& left) {
 bool Recovery::HasChanges(const TestDocument& test) const { return ToSnapshot(test) != inFile_; }
 
 Result Recovery::Keep(const TestDocument& test) {
-    if (folder_.isEmpty())
+    if (folder_.isEmpty() || !editing_)
         return Result::Done();
     const QByteArray snapshot = ToSnapshot(test);
     if (snapshot == kept_)
         return Result::Done();
     if (snapshot == inFile_) {
-        if (!path_.isEmpty())
-            QFile::remove(path_);
-        kept_.clear();
+        RemoveCopy();
         return Result::Done();
     }
     if (path_.isEmpty() && !TakeFreePlace())
@@ -82,9 +93,7 @@ Result Recovery::Keep(const TestDocument& test) {
 }
 
 void Recovery::Drop(const TestDocument& test) {
-    if (!path_.isEmpty())
-        QFile::remove(path_);
-    kept_.clear();
+    RemoveCopy();
     inFile_ = ToSnapshot(test);
 }
 
@@ -107,9 +116,12 @@ std::optional<RecoveredTest> Recovery::Left() const {
     return first;
 }
 
-void Recovery::Discard(const RecoveredTest& left) const {
-    QFile::remove(left.Path);
-    QFile::remove(left.Path + QStringLiteral(".earlier"));
+void Recovery::Discard(const RecoveredTest& left) const { RemoveFiles(left.Path); }
+
+void Recovery::RemoveCopy() {
+    if (!path_.isEmpty())
+        RemoveFiles(path_);
+    kept_.clear();
 }
 
 bool Recovery::TakeFreePlace() {

@@ -26,6 +26,9 @@ class Recovery {
 
     /// Another document is edited now, as it stands in its file. A copy of the one before stays, for the next start.
     void Begin(const TestDocument& test);
+    /// No document is edited until the next Begin or GoOnWith, and Keep does nothing: what stands in memory meanwhile
+    /// isn't the person's work. A copy stays as with Begin.
+    void End();
     /// Goes on with a copy that was left, which stays until it is saved or dropped.
     void GoOnWith(const RecoveredTest& left);
     /// Whether the document differs from what is in its file.
@@ -43,11 +46,13 @@ class Recovery {
     void Discard(const RecoveredTest& left) const;
 
   private:
+    void RemoveCopy();
     bool TakeFreePlace();
     void LetGo();
 
     QString folder_;
     const Clock& time_;
+    bool editing_ = false;
     QByteArray inFile_;
     QByteArray kept_;
     QString path_;

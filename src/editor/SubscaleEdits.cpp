@@ -64,6 +64,8 @@ Result AddSubscale(TestDocument& test, const QString& name) {
 void RenameSubscale(TestDocument& test, int s, const QString& name) { test.SubscaleName(s) = name; }
 
 void DeleteSubscale(TestDocument& test, int s) {
+    if (s > test.SubscaleCount)
+        return;
     for (int q = 1; q <= test.QuestionCount; ++q) {
         int& subscale = test.QuestionSubscale(q);
         if (subscale == s || subscale < 0)
@@ -88,6 +90,8 @@ void EditSubscaleRange(TestDocument& test, int s, int r, const RangeBoxes& boxes
 
 void DeleteSubscaleRange(TestDocument& test, int s, int r) {
     int& count = test.SubscaleRangeCount(s);
+    if (r > count)
+        return;
     for (int later = r; later < count; ++later) {
         test.SubscaleRangeLow(s, later) = test.SubscaleRangeLow(s, later + 1);
         test.SubscaleRangeHigh(s, later) = test.SubscaleRangeHigh(s, later + 1);

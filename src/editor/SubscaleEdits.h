@@ -17,7 +17,8 @@ struct RangeBoxes {
 QString RangeItem(const QString& low, const QString& high, const QString& text);
 QString SubscaleRangeItem(const TestDocument& test, int s, int r);
 
-// A refusal is a message of those above, and leaves the document as it was.
+// A refusal is a message of those above, and leaves the document as it was. Deleting what isn't there changes nothing:
+// a list may still show the test before.
 
 Result AddSubscale(TestDocument& test, const QString& name);
 void RenameSubscale(TestDocument& test, int s, const QString& name);

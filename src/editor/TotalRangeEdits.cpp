@@ -19,6 +19,8 @@ void EditTotalRange(TestDocument& test, int r, int low, int high, const QString&
 }
 
 void DeleteTotalRange(TestDocument& test, int r) {
+    if (r > test.TotalRangeCount)
+        return;
     for (int later = r; later < test.TotalRangeCount; ++later)
         EditTotalRange(test, later, test.TotalRangeLow(later + 1), test.TotalRangeHigh(later + 1),
                        test.TotalRangeText(later + 1));

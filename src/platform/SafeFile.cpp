@@ -2,6 +2,7 @@
 
 #include "platform/FlushToDisk.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -18,8 +19,20 @@ QString ReasonOf(const QFile& file) {
 
 void CloseToOthers(QFile& file) { file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner); }
 
-/// Writes and flushes, without what the file object still holds in memory.
-bool Put(QFile& file, const QByteArray& content) { return file.write(content) == content.size() && FlushToDisk(file); }
+/// For an unbuffered file. A disk that fills up takes a piece first, and says why not the rest only when it is asked
+/// for that.
+bool WriteAll(QFile& file, const QByteArray& content) {
+    qint64 done = 0;
+    while (done < content.size()) {
+        const qint64 taken = file.write(content.constData() + done, content.size() - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
+}
+
+bool Put(QFile& file, const QByteArray& content) { return WriteAll(file, content) && FlushToDisk(file); }
 
 bool Holds(const QString& path, qint64 position, const QByteArray& content) {
     QFile file(path);
@@ -40,13 +53,14 @@ QString CopyAside(const QString& path, const QString& copyPath) {
     if (!source.open(QIODevice::ReadOnly))
         return source.errorString();
     QFile copy(copyPath);
-    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
+                   QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         return QStringLiteral("its earlier version can't be set aside as '") + copyPath + QStringLiteral("': ") +
                copy.errorString();
     bool copied = true;
     while (copied && !source.atEnd()) {
         const QByteArray block = source.read(1 << 20);
-        copied = source.error() == QFileDevice::NoError && copy.write(block) == block.size();
+        copied = source.error() == QFileDevice::NoError && WriteAll(copy, block);
     }
     copied = copied && FlushToDisk(copy);
     if (copied) {
@@ -67,7 +81,8 @@ Result WriteNew(const QString& path, const QByteArray& content, Audience audienc
                                                                    QFileDevice::ReadGroup | QFileDevice::ReadOther;
     // Unbuffered, so that a full disk is told by the write that meets it.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered, permissions))
-        return Result::Failed(file.errorString());
+        return Result::Failed(QFileInfo(path).dir().exists() ? file.errorString()
+                                                             : QStringLiteral("there is no such folder"));
     if (isNew && audience == Audience::OwnerOnly)
         CloseToOthers(file);
     if (!Put(file, content))
@@ -107,7 +122,8 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
                 replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")
                          : QStringLiteral("There was no earlier version.")};
     if (replaces && !QFile::remove(copy))
-        return {true, {},
+        return {true,
+                {},
                 QStringLiteral("its earlier version stays in '") + copy + QStringLiteral("', which can't be removed.")};
     return {true, {}, {}};
 }

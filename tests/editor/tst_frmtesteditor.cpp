@@ -134,8 +134,8 @@ void tst_frmtesteditor::Window_Controls_Captions() {
     editor.ChooseItem(u"savehtml"_s);
     editor.ClickOn(u"Label10"_s);
     editor.ClickOn(u"Picture2"_s);
-    QCOMPARE(editor.navigator.Calls, (QStringList{u"ShowGeneralOptions"_s, u"ShowAbout"_s, u"ExportHtml"_s,
-                                                  u"ExportHtml"_s, u"ExportHtml"_s}));
+    QCOMPARE(editor.navigator.Calls,
+             (QStringList{u"ShowGeneralOptions"_s, u"ShowAbout"_s, u"ExportHtml"_s, u"ExportHtml"_s, u"ExportHtml"_s}));
 }
 
 void tst_frmtesteditor::Form_Load_File_HomeViewOfIt() {
@@ -159,14 +159,15 @@ void tst_frmtesteditor::Form_Load_BrokenFile_EndsTheProgram() {
         .WithIcon(PromptIcon::Critical);
     editor.window.reset();
     editor.test.TestFileName = u"broken.vlm"_s;
-    frmTestEditor window({editor.test, editor.settings, editor.prompts, editor.chooser, editor.navigator, *editor.copies});
+    frmTestEditor window(
+        {editor.test, editor.settings, editor.prompts, editor.chooser, editor.navigator, *editor.copies});
     QVERIFY(!window.Form_Load());
     QCOMPARE(editor.navigator.Calls, QStringList{u"EndProgram"_s});
 }
 
 void tst_frmtesteditor::Tabs_EachByClickAndKey_PageHelpAndQuestion() {
-    static const QStringList topics{u"EditorAboutTest"_s, u"EditorSubscales"_s, u"EditorTemplate"_s,
-                                    u"EditorQuestions"_s, u"EditorAnalysis"_s,  u"EditorOptions"_s,
+    static const QStringList topics{u"EditorAboutTest"_s,  u"EditorSubscales"_s, u"EditorTemplate"_s,
+                                    u"EditorQuestions"_s,  u"EditorAnalysis"_s,  u"EditorOptions"_s,
                                     u"EditorAutomation"_s, u"EditorExport"_s};
     Editor editor;
     const auto check = [&](int page) {
@@ -444,9 +445,11 @@ void tst_frmtesteditor::Save_TooLong_SaysByHowMuchAndStays() {
     QVERIFY(editor.window->isVisible());
     QVERIFY(BytesOf(editor.Path(u"mood.vlm"_s)).size() > 33000);
     QCOMPARE(editor.test.TestIntroduction.size(), 33000);
-    // It is saved, so leaving once more is no question.
+    // It is saved, so leaving once more is no question. The copy stays, as the file doesn't lead back into the editor.
     editor.ClickOn(u"Quit"_s);
     QVERIFY(!editor.window->isVisible());
+    editor.copies.reset();
+    QVERIFY(editor.CopyIsLeft());
 }
 
 void tst_frmtesteditor::Leave_UnsavedChanges_CopyIsKept_data() {
@@ -468,6 +471,9 @@ void tst_frmtesteditor::Leave_UnsavedChanges_CopyIsKept() {
         editor.ClickOn(u"Command2"_s);
         editor.ClickOn(u"Command2"_s);
         QCOMPARE(editor.navigator.Calls, QStringList{u"ShowStartScreen"_s});
+        // The start screen reads other tests into the document.
+        editor.test.TestTitle = u"Of the list"_s;
+        QVERIFY(editor.copies->Keep(editor.test).Ok());
     } else if (leave == u"no"_s) {
         editor.ExpectQuestion(PromptAnswer::No);
         editor.ClickOn(u"Quit"_s);
@@ -518,6 +524,10 @@ void tst_frmtesteditor::FileList_TwelveFiles_FirstTen() {
     QVERIFY(!editor.The<QAction>(u"mnuop_0"_s).isVisible());
     editor.ChooseItem(u"mnuop_10"_s);
     QCOMPARE(editor.test.TestFileName, editor.Path(u"a&b 19.vlm"_s));
+    // The list is that of its folder, also where another one has become the current one.
+    QDir::setCurrent(editor.kept.path());
+    editor.ChooseItem(u"mnuop_1"_s);
+    QCOMPARE(editor.test.TestFileName, editor.Path(u"a&b 10.vlm"_s));
 }
 
 void tst_frmtesteditor::Findings_Chosen_LeadToThePage() {

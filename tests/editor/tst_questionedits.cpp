@@ -143,6 +143,7 @@ class tst_questionedits : public QObject {
     void DeleteQuestion_AcrossAnswerBorder_NoAnswersAbove() {
         TestDocument test = ManyQuestions(MaxQuestions);
         QVERIFY(AddAnswer(test, 200, QStringLiteral("yes"), QStringLiteral("1")));
+        test.AnswerText(201, 1) = QStringLiteral("the template's");
         QCOMPARE(DeleteQuestion(test, 3), 3);
         QCOMPARE(test.QuestionCount, 499);
         QCOMPARE(test.QuestionText(199), QStringLiteral("q200"));
@@ -150,6 +151,7 @@ class tst_questionedits : public QObject {
         QCOMPARE(test.AnswerText(199, 1), QStringLiteral("yes"));
         QCOMPARE(test.QuestionText(200), QStringLiteral("q201"));
         QCOMPARE(test.AnswerCount(200), 0);
+        QCOMPARE(test.AnswerText(200, 1), QStringLiteral("the template's"));
         QCOMPARE(test.QuestionText(499), QStringLiteral("q500"));
     }
 

@@ -1,6 +1,9 @@
+#include "editor/EditorFile.h"
 #include "editor/Recovery.h"
 #include "editor/TestSnapshot.h"
 #include "support/Files.h"
+#include "support/RecordingNavigator.h"
+#include "testdoc/TestWriter.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -23,6 +26,50 @@ TestDocument Titled(const QString& title) {
     return test;
 }
 
+/// Something in every field that a test file has.
+TestDocument Filled() {
+    TestDocument test = Titled(u"Filled"_s);
+    int number = 0;
+    for (QString* text : {&test.TestIntroduction, &test.TestInstructions, &test.TestCompletionMessage,
+                          &test.ReportDirectory, &test.ExcelDirectory, &test.ExcelFileName, &test.AutosaveFileName,
+                          &test.SubscaleName(1), &test.SubscaleRangeText(1, 1), &test.TotalRangeText(1),
+                          &test.TemplateAnswerText(MaxTemplateAnswers), &test.AnswerText(200, MaxAnswers)})
+        *text = u"text %1"_s.arg(++number);
+    test.TotalRangeCount = 1;
+    test.TotalRangeLow(1) = -3;
+    test.TotalRangeHigh(1) = 4;
+    test.TemplateAnswerCount = MaxTemplateAnswers;
+    test.TemplateAnswerValue(MaxTemplateAnswers) = 5;
+    test.QuestionType(200) = Multichoice;
+    test.QuestionSubscale(200) = 1;
+    test.AnswerCount(200) = MaxAnswers;
+    test.AnswerValue(200, MaxAnswers) = Value(u"half"_s);
+    test.QuestionType(MaxQuestions) = LongAnswer;
+    test.ReportOnlyWhenDone = test.NavigationButtons = true;
+    test.TestOption.Fill(true);
+    return test;
+}
+
+/// All dialogs and the window; something may happen while a dialog is up.
+struct Outside : Prompts, FileChooser, EditorView {
+    PromptAnswer Ask(const Prompt&) override {
+        Meanwhile();
+        return PromptAnswer::Ok;
+    }
+    QString OpenFile(const FileQuestion&) override {
+        Meanwhile();
+        return Answer;
+    }
+    QString SaveFile(const FileQuestion&) override { return {}; }
+    QString ChooseFolder(const QString&, const QString&) override { return {}; }
+    void RefreshFromTest() override {}
+    void ShowHome() override {}
+    void ShowTitle(const QString&) override {}
+
+    QString Answer;
+    std::function<void()> Meanwhile;
+};
+
 } // namespace
 
 class tst_recovery : public QObject {
@@ -36,6 +83,9 @@ class tst_recovery : public QObject {
     void Left_ProgramStillRuns_Nothing();
     void Left_SeveralTests_OldestFirst();
     void Left_KilledWhileWriting_CopyBefore();
+    void Drop_AfterAKill_LeavesNothing();
+    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data();
+    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne();
     void Keep_FolderCannotBeMade_Told();
 
   private:
@@ -50,7 +100,7 @@ class tst_recovery : public QObject {
 };
 
 void tst_recovery::Left_ProgramEndedWithChanges_ToTheLetter() {
-    const TestDocument changed = Titled(u"Changed"_s);
+    const TestDocument changed = Filled();
     {
         Recovery run = Run();
         run.Begin(Titled(u"In its file"_s));
@@ -60,7 +110,8 @@ void tst_recovery::Left_ProgramEndedWithChanges_ToTheLetter() {
     Recovery next = Run();
     const auto left = next.Left();
     QVERIFY(left);
-    QCOMPARE(ToSnapshot(left->Test), ToSnapshot(changed));
+    QCOMPARE(WriteTest(left->Test).Text, WriteTest(changed).Text);
+    QCOMPARE(left->Test.TestFileName, changed.TestFileName);
     QCOMPARE(left->KeptAt.time(), QTime(14, 5));
 
     // Going on with it keeps it until it is saved.
@@ -142,6 +193,78 @@ void tst_recovery::Left_KilledWhileWriting_CopyBefore() {
     }
     Run().Discard(*Run().Left());
     QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
+}
+
+void tst_recovery::Drop_AfterAKill_LeavesNothing() {
+    {
+        Recovery run = Run();
+        run.Begin(Titled({}));
+        QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
+    }
+    const QString path = folder_->filePath(u"test-1.recovery"_s);
+    PutBytes(path + u".earlier"_s, BytesOf(path));
+    PutBytes(path, "half");
+    Recovery next = Run();
+    const auto left = next.Left();
+    QVERIFY(left);
+    next.GoOnWith(*left);
+    QVERIFY(next.Keep(Titled(u"Changed"_s)).Ok());
+    next.Drop(Titled(u"Changed"_s));
+    QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
+}
+
+void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data() {
+    QTest::addColumn<QString>("by");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("New") << u"New"_s << QString();
+    QTest::newRow("Open, cancelled") << u"Open"_s << QString();
+    QTest::newRow("Open, a test") << u"Open"_s << u"other.vlm"_s;
+    QTest::newRow("Open, no file") << u"Open"_s << u"none.vlm"_s;
+    QTest::newRow("Open, a broken test") << u"Open"_s << u"broken.vlm"_s;
+    QTest::newRow("file list, a broken test") << u"List"_s << u"broken.vlm"_s;
+}
+
+// While a dialog is open the pause of the copy may end.
+void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne() {
+    QFETCH(const QString, by);
+    QFETCH(const QString, file);
+    const QTemporaryDir tests;
+    QDir::setCurrent(tests.path());
+    PutBytes(tests.filePath(u"other.vlm"_s), "[TITLE]Other[/TITLE]");
+    PutBytes(tests.filePath(u"broken.vlm"_s), "[TITLE]Broken[/TITLE][Q]");
+    {
+        Outside outside;
+        outside.Answer = file.isEmpty() ? file : tests.filePath(file);
+        Recovery run = Run();
+        TestDocument test = Titled(u"In its file"_s);
+        Settings settings;
+        settings.DefaultDirectory = tests.path();
+        RecordingNavigator navigator;
+        EditorFile editor({test, settings, outside, outside, navigator, run}, outside);
+        run.Begin(test);
+        test.TestTitle = u"Changed"_s;
+        outside.Meanwhile = [&] { editor.KeepCopy(); };
+        if (by == u"Open"_s) {
+            editor.Open();
+        } else if (by == u"New"_s) {
+            editor.New();
+        } else {
+            editor.ListFilesAgain();
+            editor.OpenListed(1);
+        }
+        test.TestTitle = u"Next"_s;
+        editor.KeepCopy();
+    }
+    QDir::setCurrent(QDir::rootPath());
+    const auto left = Run().Left();
+    QVERIFY(left);
+    QCOMPARE(left->Test.TestTitle, u"Changed"_s);
+    Run().Discard(*left);
+    const auto next = Run().Left();
+    QVERIFY(next);
+    QCOMPARE(next->Test.TestTitle, u"Next"_s);
+    Run().Discard(*next);
+    QVERIFY(!Run().Left());
 }
 
 void tst_recovery::Keep_FolderCannotBeMade_Told() {

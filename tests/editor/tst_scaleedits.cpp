@@ -60,6 +60,7 @@ class tst_scaleedits : public QObject {
     void DeleteSubscale_Each_MovesRangesAndQuestions_data();
     void DeleteSubscale_Each_MovesRangesAndQuestions();
     void DeleteSubscale_Last_NextOneHasNoRanges();
+    void Delete_WhatIsNotThere_ChangesNothing();
     void AddSubscale_OverRemains_HasNoRanges();
     void AddSubscale_Full_IsRefused();
     void RenameSubscale_Any_KeepsItsRanges();
@@ -109,6 +110,19 @@ void tst_scaleedits::DeleteSubscale_Last_NextOneHasNoRanges() {
     QCOMPARE(Scales(test), QStringList{QStringLiteral("New: ")});
     for (int r = 1; r <= MaxRanges; ++r)
         QCOMPARE(SubscaleRangeItem(test, 1, r), QStringLiteral(" to  = "));
+}
+
+void tst_scaleedits::Delete_WhatIsNotThere_ChangesNothing() {
+    for (TestDocument test : {TestDocument(), ThreeSubscales()}) {
+        AskQuestionsOf(test, {1, 3, 5});
+        const QStringList before = Scales(test);
+        DeleteSubscale(test, test.SubscaleCount + 1);
+        DeleteSubscaleRange(test, 1, test.SubscaleRangeCount(1) + 1);
+        DeleteTotalRange(test, 1);
+        QCOMPARE(Scales(test), before);
+        QCOMPARE(test.TotalRangeCount, 0);
+        QCOMPARE(test.QuestionSubscale(3), 5);
+    }
 }
 
 void tst_scaleedits::AddSubscale_OverRemains_HasNoRanges() {

@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <cerrno>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,6 +43,7 @@ class tst_files : public QObject {
     void WriteFile_NewFile_OwnerOnly();
     void WriteFile_Link_FollowedAndPermissionsKept();
     void WriteFile_DiskFull_EarlierVersionKept();
+    void WriteFile_DiskFullThroughALink_CopyBesideTheFile();
     void WriteFile_DiskFullNewFile_NoPieceLeft();
     void WriteFile_CopyDoesNotFit_TargetUntouched();
     void WriteFile_NoPermission_EarlierVersionUntouched_data();
@@ -195,6 +198,8 @@ void tst_files::WriteFile_DiskFull_EarlierVersionKept() {
     }
     QVERIFY(!written);
     QVERIFY2(written.Message().contains(Path("a.earlier")), qPrintable(written.Message()));
+    // A piece was taken, and yet the message says why not the rest.
+    QVERIFY2(written.Message().contains(qt_error_string(EFBIG)), qPrintable(written.Message()));
     QCOMPARE(Content(Path("a.earlier")), "earlier");
     // The next failure must not take the earlier copy away.
     {
@@ -202,6 +207,22 @@ void tst_files::WriteFile_DiskFull_EarlierVersionKept() {
         written = WriteFile(Path("a"), QByteArray(1000, 'y'));
     }
     QCOMPARE(Content(Path("a.earlier")), "earlier");
+}
+
+void tst_files::WriteFile_DiskFullThroughALink_CopyBesideTheFile() {
+    QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("far")));
+    QVERIFY(Make(Path("far/a"), "earlier"));
+    QCOMPARE(chmod(qPrintable(Path("far/a")), 0640), 0);
+    QVERIFY(QFile::link(Path("far/a"), Path("link")));
+    {
+        const SmallDisk disk(10);
+        QVERIFY(!WriteFile(Path("link"), QByteArray(1000, 'x')));
+    }
+    QCOMPARE(Content(Path("far/a.earlier")), "earlier");
+    // Who could read it before can read it still.
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(Path("far/a.earlier")), &status), 0);
+    QCOMPARE(status.st_mode & 0777, 0640u);
 }
 
 void tst_files::WriteFile_DiskFullNewFile_NoPieceLeft() {
@@ -223,7 +244,8 @@ void tst_files::WriteFile_CopyDoesNotFit_TargetUntouched() {
         written = WriteFile(Path("a"), "new");
     }
     QVERIFY(!written);
-    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")),
+    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")) &&
+                 written.Message().contains(qt_error_string(EFBIG)),
              qPrintable(written.Message()));
     QCOMPARE(Content(Path("a")), "an earlier version");
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
@@ -256,17 +278,21 @@ void tst_files::WriteFile_NoPermission_EarlierVersionUntouched() {
 
 void tst_files::WriteFile_Impossible_MessageNamesFile_data() {
     QTest::addColumn<QString>("path");
-    QTest::newRow("full device") << QStringLiteral("/dev/full");
-    QTest::newRow("directory") << QStringLiteral("/tmp");
-    QTest::newRow("below a file") << QStringLiteral("/etc/passwd/x");
-    QTest::newRow("folder that isn't there") << QStringLiteral("/no such folder/x");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("full device") << QStringLiteral("/dev/full") << qt_error_string(ENOSPC);
+    QTest::newRow("directory") << QStringLiteral("/tmp") << QStringLiteral("it is a directory");
+    QTest::newRow("below a file") << QStringLiteral("/etc/passwd/x") << QStringLiteral("there is no such folder");
+    QTest::newRow("folder that isn't there")
+        << QStringLiteral("/no such folder/x") << QStringLiteral("there is no such folder");
 }
 
 void tst_files::WriteFile_Impossible_MessageNamesFile() {
     QFETCH(QString, path);
+    QFETCH(QString, reason);
     for (const Result& written : {WriteFile(path, "x"), AppendToFile(path, "x")}) {
         QVERIFY(!written);
-        QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path),
+        QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path + QStringLiteral("': ") +
+                                              reason),
                  qPrintable(written.Message()));
     }
 }

@@ -234,6 +234,9 @@ void tst_writer::SaveTestFile_GeneratedDocuments_ReadBackTheSame() {
         TestDocument test = Generator(seed).Make();
         test.TestFileName = path;
         test.TestBaseName = u"generated"_s;
+        // Flushing is slow, and replacing a file flushes thrice.
+        if (seed % 10 != 0)
+            QFile::remove(path);
         const SaveOutcome saved = SaveTestFile(test);
         QVERIFY2(saved.Written && saved.OpensAgain && saved.Message.isEmpty(), qPrintable(saved.Message));
         const QByteArray bytes = BytesOf(path);
@@ -241,8 +244,7 @@ void tst_writer::SaveTestFile_GeneratedDocuments_ReadBackTheSame() {
         TestDocument again;
         QVERIFY(OpenTest(again, path).Ok());
         QVERIFY2(ToSnapshot(again) == ToSnapshot(test), qPrintable(u"document %1"_s.arg(seed)));
-        QVERIFY(SaveTestFile(again).Written);
-        QCOMPARE(BytesOf(path), bytes);
+        QVERIFY(EncodeTestText(WriteTest(again).Text) == bytes);
     }
     QCOMPARE(QDir(folder_.path()).entryList(QDir::Files), QStringList{u"generated.vlm"_s});
 }
@@ -270,6 +272,7 @@ void tst_writer::SaveTestFile_OneAnswerOf500Questions_OneLineDiffers() {
     QVERIFY(OpenTest(opened, path).Ok());
     opened.AnswerText(117, 2) = u"Often"_s;
     QVERIFY(SaveTestFile(opened).OpensAgain);
+    QVERIFY(opened.TestFileText.isEmpty()); // it no longer describes the document
     const QList<QByteArray> after = BytesOf(path).split('\n');
     QCOMPARE(after.size(), before.size());
     QStringList changed;
@@ -283,7 +286,9 @@ void tst_writer::SaveTestFile_Letters_Encoding_data() {
     QTest::addColumn<QString>("title");
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("fits the code page") << u"Äx€"_s << QByteArray("[TITLE]\xC4x\x80[/TITLE]\r\n\r\n");
-    QTest::newRow("doesn't fit") << u"Łódź"_s << QByteArray("[TITLE]\xC5\x81\xC3\xB3" "d\xC5\xBA[/TITLE]\r\n\r\n");
+    QTest::newRow("doesn't fit") << u"Łódź"_s
+                                 << QByteArray("[TITLE]\xC5\x81\xC3\xB3"
+                                               "d\xC5\xBA[/TITLE]\r\n\r\n");
     QTest::newRow("would be taken for UTF-8") << u"Ã©"_s << QByteArray("[TITLE]\xC3\x83\xC2\xA9[/TITLE]\r\n\r\n");
 }
 
@@ -354,11 +359,14 @@ void tst_writer::SaveTestFile_CannotBeOpenedAgain_SavedAndTold_data() {
         QTest::newRow(name) << change << reason;
     };
     // "[TITLE]" and "[/TITLE]" are 15 characters.
-    row("one character too long", [](TestDocument& test) { test.TestTitle = QString(32753, u'x'); },
+    row(
+        "one character too long", [](TestDocument& test) { test.TestTitle = QString(32753, u'x'); },
         u"It is 1 characters too long: it holds 32,768, and a test has at most 32,767."_s);
-    row("megabytes too long", [](TestDocument& test) { test.TestTitle = QString(3'000'000, u'Ж'); },
+    row(
+        "megabytes too long", [](TestDocument& test) { test.TestTitle = QString(3'000'000, u'Ж'); },
         u"It is 2,967,248 characters too long"_s);
-    row("an answer without a value",
+    row(
+        "an answer without a value",
         [](TestDocument& test) {
             test.QuestionCount = 1;
             test.QuestionType(1) = Multichoice;
@@ -366,7 +374,8 @@ void tst_writer::SaveTestFile_CannotBeOpenedAgain_SavedAndTold_data() {
             test.AnswerText(1, 1) = u"Yes"_s;
         },
         u"is not a whole number"_s);
-    row("a byte that no text has", [](TestDocument& test) { test.TestTitle = u"a\0b"_s; }, u"0x00"_s);
+    row(
+        "a byte that no text has", [](TestDocument& test) { test.TestTitle = u"a\0b"_s; }, u"0x00"_s);
 }
 
 void tst_writer::SaveTestFile_CannotBeOpenedAgain_SavedAndTold() {

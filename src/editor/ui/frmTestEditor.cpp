@@ -273,17 +273,23 @@ void frmTestEditor::closeEvent(QCloseEvent* event) {
         });
         if (!proceeds)
             return;
-        leaving_ = true;
-        parts_.Ways.ShowStartScreen();
+        ShowStartScreen();
         event->accept();
     }
     QMainWindow::closeEvent(event);
 }
 
-// The start screen comes first: the program ends with its last window.
-void frmTestEditor::ShowStartScreenAndClose() {
+// The start screen comes first: the program ends with its last window. It reads other tests into the document.
+void frmTestEditor::ShowStartScreen() {
     leaving_ = true;
+    parts_.Copies.End();
+    findingsTimer_.stop();
+    copyTimer_.stop();
     parts_.Ways.ShowStartScreen();
+}
+
+void frmTestEditor::ShowStartScreenAndClose() {
+    ShowStartScreen();
     close();
 }
 

@@ -67,6 +67,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void ShowFindings();
     void GoTo(const TestPlace& place);
     void Guarded(const std::function<void()>& action);
+    void ShowStartScreen();
     void ShowStartScreenAndClose();
 
     EditorFileParts parts_;
