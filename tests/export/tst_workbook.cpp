@@ -49,6 +49,9 @@ class tst_workbook : public QObject {
     void SetCell_DateAfter1904_SameDay();
     void SetCell_Dates_FormatOfTheirOwn();
     void SetCell_NoStyles_Added();
+    void Formula_References_DependOnTheRow_data();
+    void Formula_References_DependOnTheRow();
+    void Pack_StaleResults_Dropped();
     void Pack_OtherParts_AsTheyWere();
     void Open_ActiveSheet_ThatOrFirstVisible_data();
     void Open_ActiveSheet_ThatOrFirstVisible();
@@ -271,6 +274,52 @@ void tst_workbook::SetCell_NoStyles_Added() {
     Workbook workbook(PackageOf(parts));
     workbook.SetCell(3, 1, QDate(2026, 11, 21));
     QCOMPARE(Shown(Workbook(workbook.Pack()).Cell(3, 1)), QStringLiteral("2026-11-21"));
+}
+
+void tst_workbook::Formula_References_DependOnTheRow_data() {
+    QTest::addColumn<QString>("formula");
+    QTest::addColumn<bool>("depends");
+    // The formula stands in the sheet "Other"; C6:E6 of "My Results" changes.
+    for (const char* formula :
+         {"SUM('My Results'!C4:C100)", "'My Results'!$D$6", "'my results'!E6*2", "SUM('My Results'!C:C)",
+          "SUM('My Results'!6:7)", "SUM('My Results'!E9:A1)", "Total", "INDIRECT(\"A1\")", "OFFSET(A1,1,1)",
+          "Table1[Score]", "SUM('A:My Results'!A1)", "SUM('My Results'!A1,'My Results'!C6)", "1+Taxe_A1"})
+        QTest::newRow(formula) << QString::fromUtf8(formula) << true;
+    for (const char* formula :
+         {"SUM('My Results'!C4:C5)", "'My Results'!F6", "C6", "SUM(C4:C100)", "Results!C6", "1+1", "LOG10(A1)+2E5-.5",
+          "\"'My Results'!C6\"", "IF(TRUE,A1,#REF!)", "[1]Sheet!C6", "'[1]My Results'!C6", "SUM('My Results'!A:B)",
+          "TODAY()", "SUM('My Results'!1:5)", "A1&\" \"&B2", "DATE(2026,1,1)"})
+        QTest::newRow(formula) << QString::fromUtf8(formula) << false;
+}
+
+void tst_workbook::Formula_References_DependOnTheRow() {
+    QFETCH(QString, formula);
+    const CellBlock block{QStringLiteral("My Results"), 6, 6, 3, 5};
+    QTEST(FormulaReach(formula, QStringLiteral("Other")).MayDependOn(block), "depends");
+}
+
+void tst_workbook::Pack_StaleResults_Dropped() {
+    const QByteArray rows =
+        "<sheetData><row r='1'><c r='B1'><f>SUM(A3:A9)</f><v>1</v></c><c r='C1'><f>B1+1</f><v>2</v></c>"
+        "<c r='D1'><f>1+1</f><v>2</v></c><c r='E1'><f t='shared' si='0' ref='E1:E2'>A2</f><v>3</v></c>"
+        "<c r='F1' t='str'><f>IF(C1,\"a\",\"b\")</f><v>a</v></c></row>"
+        "<row r='2'><c r='E2'><f t='shared' si='0'/><v>4</v></c></row></sheetData>";
+    Workbook workbook(WorkbookWith(rows));
+    workbook.SetCell(3, 1, 7.0);
+    const QByteArray bytes = workbook.Pack();
+    QByteArray expected = rows;
+    for (const char* result :
+         {"</f><v>1</v>", "+1</f><v>2</v></c><c r='D1'", "A2</f><v>3</v>", "</f><v>a</v>", "<v>4</v>"}) {
+        QVERIFY(expected.contains(result));
+        const QByteArray text(result);
+        const qsizetype begin = text.indexOf("<v>");
+        expected.replace(text, text.first(begin) + text.sliced(text.indexOf("</v>") + 4));
+    }
+    expected.replace("</sheetData>", "<row r=\"3\">" + Cell("A3") + "</row></sheetData>");
+    QCOMPARE(SheetAfter(bytes), SheetOf(expected));
+    QVERIFY(ZipPackage(bytes)
+                .Read(QStringLiteral("xl/workbook.xml"), 1 << 20)
+                .contains("</sheets><calcPr fullCalcOnLoad=\"1\"/></workbook>"));
 }
 
 void tst_workbook::Pack_OtherParts_AsTheyWere() {

@@ -38,6 +38,10 @@ def make(path):
     chart = BarChart()
     chart.add_data(Reference(results, min_col=3, min_row=3, max_row=5), titles_from_data=True)
     results.add_chart(chart, "I3")
+    sums = book.create_sheet("Sums")
+    sums["A1"] = "=SUM(Results!C4:C100)"
+    sums["A2"] = "=A1*2"
+    sums["A3"] = "=1+1"
     book.active = 1
     book.save(path)
 

@@ -73,23 +73,27 @@ bool IsVisible(const pugi::xml_node& sheet) {
     return state == "visible";
 }
 
-QString SheetOf(const pugi::xml_node& workbook, const Relations& relations) {
-    const auto sheets = ChildrenOf(ChildOf(workbook, "sheets"), "sheet");
-    const auto partOf = [&](const pugi::xml_node& sheet) -> std::optional<QString> {
+/// Fills in the worksheets, and which of them is seen first.
+void MapSheets(PackageMap& map, const pugi::xml_node& workbook, const Relations& relations) {
+    const unsigned active = ChildOf(ChildOf(workbook, "bookViews"), "workbookView").attribute("activeTab").as_uint();
+    QString firstVisible;
+    unsigned index = 0;
+    for (const pugi::xml_node& sheet : ChildrenOf(ChildOf(workbook, "sheets"), "sheet")) {
+        const bool isActive = index++ == active;
         const pugi::xml_node relation = relations.Named(RelationIdOf(sheet));
-        if (!relation || !Relations::IsOfKind(relation, "worksheet") || !IsVisible(sheet))
-            return std::nullopt;
-        return relations.Target(relation);
-    };
-    const pugi::xml_node view = ChildOf(ChildOf(workbook, "bookViews"), "workbookView");
-    const auto active = static_cast<size_t>(view.attribute("activeTab").as_uint());
-    if (active < sheets.size())
-        if (const auto part = partOf(sheets[active]))
-            return *part;
-    for (const pugi::xml_node& sheet : sheets)
-        if (const auto part = partOf(sheet))
-            return *part;
-    throw WorkbookError(QStringLiteral("it has no visible worksheet"));
+        if (!relation || !Relations::IsOfKind(relation, "worksheet"))
+            continue;
+        const QString part = relations.Target(relation);
+        map.Sheets.emplace_back(QString::fromUtf8(sheet.attribute("name").value()), part);
+        if (IsVisible(sheet) && isActive)
+            map.Sheet = part;
+        if (IsVisible(sheet) && firstVisible.isEmpty())
+            firstVisible = part;
+    }
+    if (map.Sheet.isEmpty())
+        map.Sheet = firstVisible;
+    if (map.Sheet.isEmpty())
+        throw WorkbookError(QStringLiteral("it has no visible worksheet"));
 }
 
 } // namespace
@@ -109,7 +113,7 @@ PackageMap MapPackage(const ZipPackage& package) {
     map.From1904 = ChildOf(root, "workbookPr").attribute("date1904").as_bool();
 
     const Relations relations(package, map.Workbook);
-    map.Sheet = SheetOf(root, relations);
+    MapSheets(map, root, relations);
     map.SharedStrings = relations.OfKind("sharedStrings");
     map.Styles = relations.OfKind("styles");
     return map;
@@ -135,4 +139,25 @@ QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QB
     kept.push_back(XmlOf(relations));
     package.Put(RelationsOf(map.Workbook), {kept.back()});
     return name;
+}
+
+void CalculateOnOpening(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept) {
+    pugi::xml_document document = ParseXml(package.Read(map.Workbook, MaxListBytes));
+    const pugi::xml_node root = document.document_element();
+    pugi::xml_node calculation = ChildOf(root, "calcPr");
+    if (!calculation) {
+        // The format gives every child its place.
+        pugi::xml_node before = ChildOf(root, "sheets");
+        for (const char* name : {"functionGroups", "externalReferences", "definedNames"})
+            if (const pugi::xml_node child = ChildOf(root, name))
+                before = child;
+        calculation = AppendTo(root, "calcPr");
+        calculation = pugi::xml_node(root).insert_move_after(calculation, before);
+    }
+    if (calculation.attribute("fullCalcOnLoad").as_bool())
+        return;
+    calculation.remove_attribute("fullCalcOnLoad");
+    calculation.append_attribute("fullCalcOnLoad").set_value("1");
+    kept.push_back(XmlOf(document));
+    package.Put(map.Workbook, {kept.back()});
 }

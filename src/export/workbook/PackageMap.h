@@ -10,6 +10,8 @@ struct PackageMap {
     QString Workbook;
     /// The sheet that is seen first: the active one, or the first visible worksheet when that one isn't visible.
     QString Sheet;
+    /// All worksheets, by their names.
+    std::vector<std::pair<QString, QString>> Sheets;
     std::optional<QString> SharedStrings;
     std::optional<QString> Styles;
     /// Whether days count from 1904 instead of 1900.
@@ -22,6 +24,9 @@ PackageMap MapPackage(const ZipPackage& package);
 /// Adds a part for the formats to a workbook that has none, as far as the package's lists are concerned, and returns
 /// its name. What was put lives in "kept".
 QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept);
+
+/// Lets every program calculate all formulas when it opens the workbook. What was put lives in "kept".
+void CalculateOnOpening(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept);
 
 /// The most bytes of one of the package's lists.
 inline constexpr qint64 MaxListBytes = 16 << 20;

@@ -41,6 +41,9 @@ class SheetPart {
     /// What stands before the names of the sheet's elements: "" or a namespace prefix with its colon.
     const QByteArray& Prefix() const { return prefix_; }
 
+    const QByteArray& Xml() const { return xml_; }
+    /// Leaves out what stands between two offsets of Xml(); outside of cells that are written.
+    void Drop(qsizetype begin, qsizetype end) { edits_.push_back({begin, end, {}}); }
     /// The part with these cells, in pieces that refer to this object, which is left at that.
     std::vector<QByteArrayView> WithCells(const CellElements& cells);
 

@@ -98,9 +98,58 @@ Styles& Workbook::Formats() {
     return *styles_;
 }
 
+CellBlock Workbook::Written() const {
+    CellBlock block;
+    for (const auto& [name, part] : map_.Sheets)
+        if (part == map_.Sheet)
+            block.Sheet = name;
+    block.FirstRow = elements_.begin()->first;
+    block.LastRow = elements_.rbegin()->first;
+    block.FirstColumn = MostColumns;
+    for (const auto& [row, cells] : elements_) {
+        block.FirstColumn = qMin(block.FirstColumn, cells.begin()->first);
+        block.LastColumn = qMax(block.LastColumn, cells.rbegin()->first);
+    }
+    return block;
+}
+
+// Only formulas that may have another result now lose the one that stands in the sheet; the others, and sheets without
+// any, stay as they are.
+void Workbook::DropStaleResults(std::vector<NamedSheet>& sheets, std::vector<QByteArray>& kept) {
+    QStringList parts;
+    for (const auto& [name, part] : map_.Sheets) {
+        const QByteArray xml = part == map_.Sheet ? sheet_.Xml() : package_.Read(part, MaxSheetBytes);
+        if (!MayHaveFormulas(xml))
+            continue;
+        sheets.push_back({name, xml});
+        parts.append(part);
+    }
+    const StaleResults stale = FindStaleResults(sheets, Written());
+    for (size_t i = 0; i < sheets.size(); ++i) {
+        const QString& part = parts[static_cast<qsizetype>(i)];
+        const QByteArrayView xml(sheets[i].Xml);
+        std::vector<QByteArrayView> pieces;
+        qsizetype from = 0;
+        for (const auto& [begin, end] : stale.Elements[i]) {
+            if (part == map_.Sheet)
+                sheet_.Drop(begin, end);
+            pieces.push_back(xml.sliced(from, begin - from));
+            from = end;
+        }
+        pieces.push_back(xml.sliced(from));
+        if (part != map_.Sheet && pieces.size() > 1)
+            package_.Put(part, pieces);
+    }
+    if (stale.Any)
+        CalculateOnOpening(package_, map_, kept);
+}
+
 QByteArray Workbook::Pack() {
     std::vector<QByteArray> kept;
-    kept.reserve(3);
+    kept.reserve(4);
+    std::vector<NamedSheet> sheets;
+    if (!elements_.empty())
+        DropStaleResults(sheets, kept);
     if (styles_ && styles_->Changed()) {
         const QString name = map_.Styles ? *map_.Styles : AddStylesPart(package_, map_, kept);
         kept.push_back(styles_->Xml());

@@ -3,6 +3,7 @@
 #include "export/workbook/PackageMap.h"
 #include "export/workbook/SharedStrings.h"
 #include "export/workbook/SheetPart.h"
+#include "export/workbook/StaleResults.h"
 #include "export/workbook/Styles.h"
 #include "platform/SpreadsheetApplication.h"
 
@@ -25,6 +26,8 @@ class Workbook {
     QByteArray Pack();
 
   private:
+    CellBlock Written() const;
+    void DropStaleResults(std::vector<NamedSheet>& sheets, std::vector<QByteArray>& kept);
     Styles& Formats();
     CellValue Meaning(const StoredCell& cell);
     int StyleFor(int row, int column, const CellValue& value, const std::optional<StoredCell>& there);

@@ -132,6 +132,17 @@ void XmlScanner::ReadTag() {
 }
 
 void XmlScanner::ReadEndTag() {
+    // Nearly always it is the one that is due, in its shortest form.
+    if (!open_.empty()) {
+        const QByteArrayView due = open_.back();
+        const qsizetype end = begin_ + 2 + due.size();
+        if (end < xml_.size() && xml_[end] == '>' && xml_.sliced(begin_ + 2).startsWith(due)) {
+            name_ = due;
+            end_ = end + 1;
+            open_.pop_back();
+            return;
+        }
+    }
     end_ = FindBehind(">", begin_);
     name_ = xml_.sliced(begin_ + 2, end_ - begin_ - 3);
     while (!name_.empty() && IsSpace(name_.back()))

@@ -16,7 +16,7 @@ namespace {
 
 /// From so many bytes on an entry is packed for speed rather than for size.
 constexpr qint64 LargeEntry = 2 << 20;
-constexpr zip_uint32_t QuickLevel = 1;
+constexpr zip_uint32_t QuickLevel = 2;
 constexpr zip_uint32_t UsualLevel = 6;
 
 QString ReasonOf(zip_error_t* error) { return QString::fromUtf8(zip_error_strerror(error)); }
@@ -121,6 +121,7 @@ QByteArray ZipPackage::Read(const QString& name, qint64 maxBytes) const {
 }
 
 void ZipPackage::Put(const QString& name, const std::vector<QByteArrayView>& pieces) {
+    const bool isNew = !Has(name);
     qint64 size = 0;
     std::vector<zip_buffer_fragment_t> fragments;
     for (const QByteArrayView piece : pieces) {
@@ -139,7 +140,8 @@ void ZipPackage::Put(const QString& name, const std::vector<QByteArrayView>& pie
             zip_source_free(source);
         archive_->Fail(QStringLiteral("its part ") + Quoted(name) + QStringLiteral(" can't be replaced"));
     }
-    zip_set_file_compression(archive_->Zip, static_cast<zip_uint64_t>(index), ZIP_CM_DEFLATE,
+    // libzip forgets the level when the method stays that of the entry that is replaced; its default is deflate too.
+    zip_set_file_compression(archive_->Zip, static_cast<zip_uint64_t>(index), isNew ? ZIP_CM_DEFLATE : ZIP_CM_DEFAULT,
                              size >= LargeEntry ? QuickLevel : UsualLevel);
 }
 
