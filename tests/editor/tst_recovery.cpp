@@ -65,6 +65,7 @@ struct Outside : Prompts, FileChooser, EditorView {
     void RefreshFromTest() override {}
     void ShowHome() override {}
     void ShowTitle(const QString&) override {}
+    void ShowSaveState(const QString&) override {}
 
     QString Answer;
     std::function<void()> Meanwhile;
