@@ -1,5 +1,6 @@
 #include "editor/ui/EntryList.h"
 
+#include "platform/ui/FocusOutline.h"
 #include "platform/ui/Typography.h"
 
 #include <QKeyEvent>
@@ -39,6 +40,7 @@ EntryList::EntryList(int visibleLines, QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMinimumHeight(visibleLines * (fontMetrics().height() + LineGap) + 2 * frameWidth());
+    new FocusOutline(*this);
     connect(this, &QListWidget::itemSelectionChanged, this, &EntryList::ChoiceChanged);
 }
 
@@ -73,7 +75,9 @@ void EntryList::keyPressEvent(QKeyEvent* event) {
     const bool down = event->key() == Qt::Key_Down || event->key() == Qt::Key_PageDown;
     const bool up = event->key() == Qt::Key_Up || event->key() == Qt::Key_PageUp;
     if (Chosen() == 0 && count() > 0 && (down || up)) {
-        setCurrentRow(down ? 0 : count() - 1, QItemSelectionModel::ClearAndSelect);
+        // The entry that has the focus without being chosen; the first one has it by itself.
+        const int focused = qMax(currentRow(), 0);
+        setCurrentRow(up && focused == 0 ? count() - 1 : focused, QItemSelectionModel::ClearAndSelect);
         return;
     }
     QListWidget::keyPressEvent(event);

@@ -33,11 +33,9 @@ TemplateTab::TemplateTab(const EditorParts& parts)
     inside->addSpacing(GridUnit);
     inside->addLayout(MakeButtonRow());
     inside->addSpacing(GridUnit);
-    ListTemplate_ = Named(new QListWidget, QStringLiteral("ListTemplate"));
+    ListTemplate_ = Named(new EntryList(MaxAnswers), QStringLiteral("ListTemplate"));
     ListTemplate_->setAccessibleName(QStringLiteral("Answers of the template"));
-    ListTemplate_->setWordWrap(true);
-    ListTemplate_->setMinimumHeight(20 * GridUnit);
-    connect(ListTemplate_, &QListWidget::itemSelectionChanged, this, &TemplateTab::ListTemplate_Click);
+    connect(ListTemplate_, &EntryList::ChoiceChanged, this, &TemplateTab::ListTemplate_Click);
     inside->addWidget(ListTemplate_, 1);
 
     auto* column = new QVBoxLayout(this);

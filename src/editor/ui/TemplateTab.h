@@ -2,10 +2,9 @@
 
 #include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
+#include "editor/ui/EntryList.h"
 #include "editor/ui/NumberBox.h"
 #include "editor/ui/TextBox.h"
-
-#include <QListWidget>
 
 /// The page on which the answer template is written: the answers that all questions of type Template share.
 class TemplateTab : public EditorTab {
@@ -35,7 +34,7 @@ class TemplateTab : public EditorTab {
 
     TextBox* txtTemplate_ = nullptr;
     NumberBox* txtValueTemplate_ = nullptr;
-    QListWidget* ListTemplate_ = nullptr;
+    EntryList* ListTemplate_ = nullptr;
     /// Add, Delete and Edit are 0 to 2.
     ButtonArray Cmdtemplate_;
 };

@@ -1,6 +1,7 @@
 #include "editor/ui/TextBox.h"
 
 #include "base/LineBreak.h"
+#include "platform/ui/FocusOutline.h"
 #include "platform/ui/Typography.h"
 
 #include <QKeyEvent>
@@ -12,6 +13,7 @@ TextBox::TextBox(Form form, int visibleLines, QWidget* parent) : QPlainTextEdit(
     setLineWrapMode(QPlainTextEdit::WidgetWidth);
     const int frame = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
     setMinimumHeight(fontMetrics().lineSpacing() * visibleLines + frame);
+    new FocusOutline(*this);
     connect(this, &QPlainTextEdit::textChanged, this, &TextBox::Edited);
 }
 
