@@ -24,9 +24,9 @@ constexpr int Questions = 100;
 
 QString Program() {
     const QString named = qEnvironmentVariable("VELLUMO_CLI");
-    return named.isEmpty()
-               ? QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path() + QStringLiteral("/vellumo-cli")
-               : named;
+    return named.isEmpty() ? QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path() +
+                                 QStringLiteral("/vellumo-cli")
+                           : named;
 }
 
 void Put(const QString& path, const std::function<QByteArray(int)>& piece, int count) {
@@ -40,7 +40,8 @@ void Put(const QString& path, const std::function<QByteArray(int)>& piece, int c
 
 QByteArray TestPiece(int i) {
     if (i == 0)
-        return "[TITLE]Bench[/TITLE][SUBSCALES][S]One[/S][S]Two[/S][S]Three[/S][S]Four[/S][/SUBSCALES][TEMPLATE][A]No[v=0]"
+        return "[TITLE]Bench[/TITLE][SUBSCALES][S]One[/S][S]Two[/S][S]Three[/S][S]Four[/S][/"
+               "SUBSCALES][TEMPLATE][A]No[v=0]"
                "[/A][A]Little[v=1][/A][A]Some[v=2][/A][A]Much[v=3][/A][A]All[v=4][/A][/TEMPLATE]";
     return "[Q]Question " + QByteArray::number(i) + "[SS=" + QByteArray::number(i % 4 + 1) + "][/Q]";
 }
@@ -70,7 +71,9 @@ rusage RunScore(const QByteArray& program, const QByteArray& test, const QByteAr
     return usage;
 }
 
-double Seconds(const timeval& time) { return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6; }
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
 
 void Score(benchmark::State& state) {
     const QTemporaryDir folder;
@@ -91,8 +94,8 @@ void Score(benchmark::State& state) {
     }
     state.counters["peak_MB"] = static_cast<double>(peakKilobytes) / 1024;
     state.counters["cpu_ms"] = 1000 * processorSeconds / static_cast<double>(state.iterations());
-    state.counters["rows/s"] = benchmark::Counter(static_cast<double>(state.range(0) * state.iterations()),
-                                                  benchmark::Counter::kIsRate);
+    state.counters["rows/s"] =
+        benchmark::Counter(static_cast<double>(state.range(0) * state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(Score)->Arg(10000)->Arg(100000)->Arg(1000000)->UseManualTime()->Unit(benchmark::kMillisecond);
 

@@ -70,10 +70,17 @@ int main(int argc, char** argv) {
     start.Known = FoldersOfThisMachine();
     const DefaultFolders folders = ChooseDefaultFolders(start.Known);
 
-    const QString copies = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/unsaved");
-    AppNavigator navigator({session, start, *store, folders, clock, *launcher,
+    const QString copies =
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/unsaved");
+    AppNavigator navigator({session,
+                            start,
+                            *store,
+                            folders,
+                            clock,
+                            *launcher,
                             {prompts, chooser, printer, clipboard, *office, *word},
-                            [] { QCoreApplication::quit(); }, copies});
+                            [] { QCoreApplication::quit(); },
+                            copies});
     QtExportWindows exportWindows(chooser, navigator);
     // Where there is a spreadsheet application to drive, its automation takes the place of the built-in one.
     const AttachSpreadsheet spreadsheet = [&launcher] {

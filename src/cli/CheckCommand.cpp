@@ -17,8 +17,8 @@ QString OneLine(QString text) {
 
 QString FindingLine(const Finding& finding) {
     QString line = finding.Level == Severity::Error ? QStringLiteral("error: ") : QStringLiteral("warning: ");
-    const QString position = finding.Line == 0 ? QString()
-                                               : QStringLiteral("line %1, column %2").arg(finding.Line).arg(finding.Column);
+    const QString position =
+        finding.Line == 0 ? QString() : QStringLiteral("line %1, column %2").arg(finding.Line).arg(finding.Column);
     if (!finding.Where.isEmpty() && !position.isEmpty())
         line += finding.Where + QStringLiteral(" (") + position + QStringLiteral("): ");
     else if (!finding.Where.isEmpty() || !position.isEmpty())

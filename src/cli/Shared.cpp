@@ -76,7 +76,10 @@ PromptAnswer SayingPrompts::Ask(const Prompt& prompt) {
 }
 
 Progress::Progress(Console& console, qint64 total)
-    : console_(console), total_(total), shown_(console.ErrIsTerminal), begin_(std::chrono::steady_clock::now()),
+    : console_(console),
+      total_(total),
+      shown_(console.ErrIsTerminal),
+      begin_(std::chrono::steady_clock::now()),
       last_(begin_) {}
 
 Progress::~Progress() {

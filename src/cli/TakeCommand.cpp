@@ -50,16 +50,14 @@ void Interview::TellPage() {
     if (administration_.ShowsMultichoice()) {
         for (int a = 1; a <= MaxAnswers; ++a)
             if (administration_.AnswerOffered(a))
-                Tell(QStringLiteral("%1. ").arg(a, 4) +
-                     session_.Test.AnswerText(administration_.CurrentQuestion(), a));
+                Tell(QStringLiteral("%1. ").arg(a, 4) + session_.Test.AnswerText(administration_.CurrentQuestion(), a));
     } else if (administration_.ShowsShortAnswer() || administration_.ShowsLongAnswer()) {
         const QString& earlier = session_.Responses.ResponseText(administration_.CurrentQuestion());
         if (!earlier.isEmpty())
             Tell(QStringLiteral("Your answer so far: ") + earlier);
     }
-    const int chosen = administration_.ShowsMultichoice()
-                           ? session_.Responses.ResponseChoice(administration_.CurrentQuestion())
-                           : 0;
+    const int chosen =
+        administration_.ShowsMultichoice() ? session_.Responses.ResponseChoice(administration_.CurrentQuestion()) : 0;
     if (chosen != 0)
         Tell(QStringLiteral("Your choice so far: %1").arg(chosen));
     if (administration_.Page() == TestPage::Completed)

@@ -44,7 +44,8 @@ int main(int argc, char** argv) {
     HoldStandardStreams();
 
     QFile in, out, err;
-    if (!in.open(fileno(stdin), QIODevice::ReadOnly) || !out.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+    if (!in.open(fileno(stdin), QIODevice::ReadOnly) ||
+        !out.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !err.open(fileno(stderr), QIODevice::WriteOnly | QIODevice::Unbuffered))
         return Unusable;
 

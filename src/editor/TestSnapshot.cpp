@@ -92,8 +92,8 @@ template <typename Document, typename Stream> void VisitQuestions(Document& test
 
 template <typename Document, typename Stream> void Visit(Document& test, Stream& stream) {
     for (auto* text : {&test.TestFileName, &test.TestBaseName, &test.TestTitle, &test.TestIntroduction,
-                       &test.TestInstructions, &test.TestCompletionMessage, &test.ReportDirectory,
-                       &test.ExcelDirectory, &test.ExcelFileName, &test.AutosaveFileName})
+                       &test.TestInstructions, &test.TestCompletionMessage, &test.ReportDirectory, &test.ExcelDirectory,
+                       &test.ExcelFileName, &test.AutosaveFileName})
         stream.Field(*text);
     VisitScales(test, stream);
     VisitQuestions(test, stream);

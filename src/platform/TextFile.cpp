@@ -97,7 +97,7 @@ Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file) {
     QFile source(path);
     if (!source.open(QIODevice::ReadOnly))
         return Result::Failed(source.errorString() == qt_error_string(ENOENT) ? QStringLiteral("there is no such file")
-                                                                       : source.errorString());
+                                                                              : source.errorString());
     const QByteArray bytes = source.read(maxBytes + 1);
     if (source.error() != QFileDevice::NoError)
         return Result::Failed(source.errorString());

@@ -33,7 +33,8 @@ Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file);
 QByteArray EncodeCodePage(const QString& text, bool* fits = nullptr);
 
 /// The text of a test file as bytes that are read back as the same text: in the code page where every character fits it
-/// and the bytes aren't taken for UTF-8, and in UTF-8 otherwise. Nothing for half a surrogate pair, which no encoding has.
+/// and the bytes aren't taken for UTF-8, and in UTF-8 otherwise. Nothing for half a surrogate pair, which no encoding
+/// has.
 std::optional<QByteArray> EncodeTestText(const QString& text);
 
 /// The text in the encoding of the system's locale, in which reports are written; in UTF-8 when a character doesn't fit

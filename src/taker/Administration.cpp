@@ -169,9 +169,9 @@ bool Administration::WantsSpreadsheetExport() const {
 
 bool Administration::WantsAutoReport() const {
     const TestDocument& test = session_.Test;
-    return !session_.AutoReportDone && (test.TestOption(AutosaveReportAsClient) ||
-                                        test.TestOption(AutosaveReportDirectoryAsClient) ||
-                                        test.TestOption(AppendToReportFile));
+    return !session_.AutoReportDone &&
+           (test.TestOption(AutosaveReportAsClient) || test.TestOption(AutosaveReportDirectoryAsClient) ||
+            test.TestOption(AppendToReportFile));
 }
 
 Result CanBegin(const TestDocument& test) {
@@ -186,8 +186,7 @@ QString QuestionListing(const TestDocument& test) {
         listing += QStringLiteral("INSTRUCTIONS") + LineBreak + LineBreak + test.TestInstructions + LineBreak +
                    LineBreak + LineBreak;
     for (int q = 1; q <= test.QuestionCount; ++q) {
-        listing +=
-            QStringLiteral("QUESTION ") + QString::number(q) + LineBreak + test.QuestionText(q) + LineBreak;
+        listing += QStringLiteral("QUESTION ") + QString::number(q) + LineBreak + test.QuestionText(q) + LineBreak;
         for (int a = 1; a <= qMin(test.MaxAnswerCount, MaxAnswers); ++a)
             if (!test.AnswerText(q, a).isEmpty())
                 listing += QStringLiteral("[ ] ") + test.AnswerText(q, a) + LineBreak;

@@ -15,9 +15,9 @@ class Administration {
     explicit Administration(Session& session);
 
     // Navigation
-    void Begin();                      ///< CmdBegin: shows the current question
-    void Back();                       ///< one question back; from question 1 to the furthest answered one
-    void Forward();                    ///< one question on, at most to the first unanswered one; wraps to 1
+    void Begin();   ///< CmdBegin: shows the current question
+    void Back();    ///< one question back; from question 1 to the furthest answered one
+    void Forward(); ///< one question on, at most to the first unanswered one; wraps to 1
     void ShowQuestion(int q);
     void ShowInstructions();
     void ShowIntroduction();

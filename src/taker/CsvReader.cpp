@@ -143,8 +143,7 @@ void CsvReader::ReadPlain() {
         // The buffer may have been filled anew.
         const char c = buffer_[position_];
         if (c == '"' || (c == '\0' && position_ < end_)) {
-            Note(c == '\0' ? CellProblem::ZeroByte
-                           : quoted_ ? CellProblem::TextAfterQuote : CellProblem::StrayQuote);
+            Note(c == '\0' ? CellProblem::ZeroByte : quoted_ ? CellProblem::TextAfterQuote : CellProblem::StrayQuote);
             ++position_;
         } else if (StopsAt(c)) {
             return;

@@ -63,8 +63,8 @@ void Reporter::AddResponses() {
 
     QString notAnswered;
     for (int q = 1; q <= test_.QuestionCount; ++q) {
-        const bool answered = !ChosenText(test_, q, responses_.ResponseChoice(q)).isEmpty() ||
-                              !responses_.ResponseText(q).isEmpty();
+        const bool answered =
+            !ChosenText(test_, q, responses_.ResponseChoice(q)).isEmpty() || !responses_.ResponseText(q).isEmpty();
         if (answered)
             AddResponse(q);
         else

@@ -5,9 +5,7 @@
 
 namespace {
 
-QString TextOf(std::string_view bytes) {
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
-}
+QString TextOf(std::string_view bytes) { return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())); }
 
 QString ProblemText(CellProblem problem) {
     switch (problem) {
@@ -72,7 +70,11 @@ void ScoreTable::Score(const std::vector<signed char>& choices, Scores& scores, 
 }
 
 ResponsesReader::ResponsesReader(const TestDocument& test, QIODevice& source, Texts texts, Complaint complain)
-    : test_(test), table_(test), reader_(source), texts_(texts), complain_(std::move(complain)),
+    : test_(test),
+      table_(test),
+      reader_(source),
+      texts_(texts),
+      complain_(std::move(complain)),
       choices_(static_cast<size_t>(test.QuestionCount) + 1) {}
 
 void ResponsesReader::ComplainAt(const QString& columnName, qint64 line, const QString& what) {
@@ -110,10 +112,11 @@ bool ResponsesReader::ReadHeader() {
             ComplainAt(shown, cell.Line, ProblemText(cell.Problem));
         else if (column.Kind == ColumnKind::Ignored)
             ComplainAt(shown, cell.Line,
-                       name.isEmpty() ? QStringLiteral("the column has no name")
-                                      : QStringLiteral("the column is neither 'client' nor 'administrator' nor the number "
-                                                       "of a question from 1 to %1")
-                                            .arg(test_.QuestionCount));
+                       name.isEmpty()
+                           ? QStringLiteral("the column has no name")
+                           : QStringLiteral("the column is neither 'client' nor 'administrator' nor the number "
+                                            "of a question from 1 to %1")
+                                 .arg(test_.QuestionCount));
         else if (seen.contains(name))
             ComplainAt(shown, cell.Line,
                        QStringLiteral("the column stands there twice, as number %1 and number %2")
@@ -223,8 +226,7 @@ void ResponsesReader::ScoreRow() {
         table_.Score(choices_, scores_, overflowsAt);
     } catch (const OverflowError& overflow) {
         ComplainAt(QString::number(overflowsAt), rowLine_,
-                   overflow.Message() +
-                       QStringLiteral(": with this question the total score leaves -32768 to 32767"));
+                   overflow.Message() + QStringLiteral(": with this question the total score leaves -32768 to 32767"));
     }
 }
 

@@ -10,10 +10,17 @@ namespace {
 constexpr int NearlyFull = 30000;
 
 QStringList TopLevelNames() {
-    return {QStringLiteral("TITLE"),      QStringLiteral("INTRODUCTION"), QStringLiteral("INSTRUCTIONS"),
-            QStringLiteral("COMPLETION MESSAGE"), QStringLiteral("SUBSCALES"), QStringLiteral("TOTAL"),
-            QStringLiteral("TEMPLATE"),   QStringLiteral("REPORT DIR"),   QStringLiteral("EXCEL DIR"),
-            QStringLiteral("EXCEL FILE NAME"), QStringLiteral("AUTOSAVE FILENAME")};
+    return {QStringLiteral("TITLE"),
+            QStringLiteral("INTRODUCTION"),
+            QStringLiteral("INSTRUCTIONS"),
+            QStringLiteral("COMPLETION MESSAGE"),
+            QStringLiteral("SUBSCALES"),
+            QStringLiteral("TOTAL"),
+            QStringLiteral("TEMPLATE"),
+            QStringLiteral("REPORT DIR"),
+            QStringLiteral("EXCEL DIR"),
+            QStringLiteral("EXCEL FILE NAME"),
+            QStringLiteral("AUTOSAVE FILENAME")};
 }
 
 class FileTextChecker {
@@ -74,10 +81,11 @@ QString FileTextChecker::OptionTagAt(int position) const {
 
 void FileTextChecker::CheckLength() {
     if (test_.TestFileLength >= NearlyFull)
-        findings_.push_back(MakeFinding(Severity::Warning, {}, test_,
-                                        QStringLiteral("the file holds %1 characters; one with more than %2 can't be read")
-                                            .arg(test_.TestFileLength)
-                                            .arg(MaxTestFileLength)));
+        findings_.push_back(
+            MakeFinding(Severity::Warning, {}, test_,
+                        QStringLiteral("the file holds %1 characters; one with more than %2 can't be read")
+                            .arg(test_.TestFileLength)
+                            .arg(MaxTestFileLength)));
     if (!layout_.Find(QStringLiteral("TITLE"), layout_.All()).Whole.Exists)
         findings_.push_back(MakeFinding(Severity::Warning, {}, test_,
                                         QStringLiteral("the test has no title and is listed as 'Untitled'")));
@@ -118,7 +126,8 @@ void FileTextChecker::CheckStrayPiece(const TestPlace& place, FileSpan piece) {
         if (!again.Whole.Exists)
             continue;
         Warn(place, piece.Begin,
-             QStringLiteral("the element [") + name + QStringLiteral("] stands here again; only the first one is read"));
+             QStringLiteral("the element [") + name +
+                 QStringLiteral("] stands here again; only the first one is read"));
         return CheckStrayPiece(place, layout_.Trimmed({again.Whole.End, piece.End, true}));
     }
     if (piece.Begin < piece.End)
@@ -138,12 +147,13 @@ void FileTextChecker::CheckList(const QString& section, const QString& name, int
         covered.push_back(element.Whole);
     CheckStrayText({}, list.Content, covered);
     if (static_cast<size_t>(readCount) != elements.size())
-        Warn({}, list.Whole.Begin,
-             QStringLiteral("%1 %2 stand in the file, and %3 are read: an empty one ends the list, and text between two "
-                            "of them makes one count twice")
-                 .arg(elements.size())
-                 .arg(QLatin1String(things))
-                 .arg(readCount));
+        Warn(
+            {}, list.Whole.Begin,
+            QStringLiteral("%1 %2 stand in the file, and %3 are read: an empty one ends the list, and text between two "
+                           "of them makes one count twice")
+                .arg(elements.size())
+                .arg(QLatin1String(things))
+                .arg(readCount));
 }
 
 void FileTextChecker::CheckSubscales() {
@@ -206,8 +216,7 @@ void FileTextChecker::CheckQuestionMarks(int q, const FileElement& question, con
         QStringView(layout_.Upper()).mid(question.Content.Begin, question.Content.End - question.Content.Begin);
     const FileElement type = layout_.Find(QStringLiteral("QT"), question.Content);
     if (type.Whole.Exists) {
-        const QString number =
-            layout_.Text().mid(type.Content.Begin, type.Content.End - type.Content.Begin).trimmed();
+        const QString number = layout_.Text().mid(type.Content.Begin, type.Content.End - type.Content.Begin).trimmed();
         if (!answers.empty())
             Warn(place, type.Whole.Begin,
                  QStringLiteral("the question has answers and the type ") + Quoted(number) +
@@ -218,7 +227,8 @@ void FileTextChecker::CheckQuestionMarks(int q, const FileElement& question, con
                      QStringLiteral(", and not 2 (short answer) or 3 (long answer)"));
     }
     if (content.count(QStringLiteral("[SS=")) > 1)
-        Warn(place, question.Whole.Begin, QStringLiteral("the question names several sub-scales; only the first counts"));
+        Warn(place, question.Whole.Begin,
+             QStringLiteral("the question names several sub-scales; only the first counts"));
     const int readCount = q <= MaxQuestionsWithAnswers ? test_.AnswerCount(q) : 0;
     if (static_cast<size_t>(readCount) != answers.size())
         Warn(place, question.Whole.Begin,
@@ -267,7 +277,8 @@ void FileTextChecker::CheckLineEnd(const TestPlace& place, const FileSpan& conte
     if (!layout_.LosesLineEnd(content))
         return;
     Warn(place, content.Begin,
-         QStringLiteral("a line break inside the text is lost when the file is read, and the words around it are joined") +
+         QStringLiteral(
+             "a line break inside the text is lost when the file is read, and the words around it are joined") +
              (isParagraphs ? QStringLiteral("; <P> stands for a line break") : QString()));
 }
 

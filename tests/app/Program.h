@@ -45,5 +45,6 @@ struct Program {
     FakeWordProcessor word;
     int ends = 0;
     AppNavigator navigator{{session, start, store, folders, clock, launcher,
-                            ReportPorts{prompts, chooser, printer, clipboard, office, word}, [this] { ++ends; }, kept.path()}};
+                            ReportPorts{prompts, chooser, printer, clipboard, office, word}, [this] { ++ends; },
+                            kept.path()}};
 };

@@ -165,15 +165,17 @@ void tst_navigator::Edit_FileGone_SaysSoAndStays() {
 
 void tst_navigator::EditNewTest_AfterAnother_NothingOfItIsLeft() {
     Started program;
-    program.Put(QStringLiteral("Full.vlm"), "[SUBSCALES][S]One[/S][/SUBSCALES][Q]A[QT]3[/QT][/Q][EXCEL DIR]E[/EXCEL DIR]"
-                                            "[AUTOSAVE FILENAME]N[/AUTOSAVE FILENAME]");
+    program.Put(QStringLiteral("Full.vlm"),
+                "[SUBSCALES][S]One[/S][/SUBSCALES][Q]A[QT]3[/QT][/Q][EXCEL DIR]E[/EXCEL DIR]"
+                "[AUTOSAVE FILENAME]N[/AUTOSAVE FILENAME]");
     QVERIFY(OpenTest(program.session.Test, program.folder.filePath(QStringLiteral("Full.vlm"))).Ok());
     QVERIFY(program.navigator.EditNewTest());
     QVERIFY(WriteTest(program.session.Test).Text.isEmpty());
     QCOMPARE(program.session.Test.QuestionType(1), 0);
-    QCOMPARE(Find<QLabel>(*program.navigator.Editor(), QStringLiteral("lblinstructions")).text(),
-             QStringLiteral("There is currently no test loaded.\nEdit this test as a new test, or choose 'Open' from the "
-                            "file menu.\n\nSelect 'tabs' above to edit test properties."));
+    QCOMPARE(
+        Find<QLabel>(*program.navigator.Editor(), QStringLiteral("lblinstructions")).text(),
+        QStringLiteral("There is currently no test loaded.\nEdit this test as a new test, or choose 'Open' from the "
+                       "file menu.\n\nSelect 'tabs' above to edit test properties."));
     QVERIFY(!Find<QFrame>(*program.navigator.Editor(), QStringLiteral("Frame23")).isVisible());
 }
 
@@ -216,7 +218,8 @@ void tst_navigator::Start_TestLeftUnsaved_IsOffered() {
         .Titled(QStringLiteral("Unsaved Test"))
         .WithButtons(PromptButtons::YesNoCancel);
     program.navigator.Start();
-    QCOMPARE(program.prompts.Shown().last().contains(QStringLiteral("The file was changed after that, on ")), fileIsNewer);
+    QCOMPARE(program.prompts.Shown().last().contains(QStringLiteral("The file was changed after that, on ")),
+             fileIsNewer);
     QCOMPARE(program.navigator.Editor() != nullptr, editorOpens);
     if (editorOpens) {
         QTRY_COMPARE(VisibleWindows(), 1);

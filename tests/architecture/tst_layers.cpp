@@ -87,7 +87,8 @@ QStringList WidgetsInCore(const Source& source) {
     static const QRegularExpression widget(
         QStringLiteral(
             "^#include <(QtWidgets|QtGui|QtPrintSupport|QApplication|QGuiApplication|QWidget|QDialog|QMainWindow|"
-            "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|(?<!String|Array)View|Window|Painter|Printer|Event|Icon|"
+            "QLabel|Q\\w*(Button|Edit|Box|Menu|Action|Layout|Widget|(?<!String|Array)View|Window|Painter|Printer|Event|"
+            "Icon|"
             "Image|Pixmap|Color|Font|Clipboard|Screen|Palette))[/>]"),
         QRegularExpression::MultilineOption);
     QStringList wrong;

@@ -25,17 +25,56 @@ void tst_numbers::WholeNumber_Text_Value_data() {
     QTest::addColumn<QVariant>("value");
     const QVariant none;
     const auto row = [](const char* text, const QVariant& value) {
-        QTest::newRow(qPrintable(QStringLiteral("'%1'").arg(QString::fromUtf8(text)))) << QString::fromUtf8(text) << value;
+        QTest::newRow(qPrintable(QStringLiteral("'%1'").arg(QString::fromUtf8(text))))
+            << QString::fromUtf8(text) << value;
     };
-    for (const auto& [text, value] : std::initializer_list<std::pair<const char*, int>>{
-             {"0", 0},         {"12", 12},           {"-5", -5},        {"+3", 3},          {" 3 ", 3},
-             {"\t7 ", 7},      {".5", 0},            {"5.", 5},         {"0.5", 0},         {"1.5", 2},
-             {"2.5", 2},       {"3.5", 4},           {"-0.5", 0},       {"-1.5", -2},       {"-2.5", -2},
-             {"2.50001", 3},   {"2.49999", 2},       {"007", 7},        {"32767", 32767},   {"-32768", -32768},
-             {"32767.4", 32767}, {"-32768.5", -32768}, {"0.5000000000000000000001", 1}})
+    for (const auto& [text, value] :
+         std::initializer_list<std::pair<const char*, int>>{{"0", 0},
+                                                            {"12", 12},
+                                                            {"-5", -5},
+                                                            {"+3", 3},
+                                                            {" 3 ", 3},
+                                                            {"\t7 ", 7},
+                                                            {".5", 0},
+                                                            {"5.", 5},
+                                                            {"0.5", 0},
+                                                            {"1.5", 2},
+                                                            {"2.5", 2},
+                                                            {"3.5", 4},
+                                                            {"-0.5", 0},
+                                                            {"-1.5", -2},
+                                                            {"-2.5", -2},
+                                                            {"2.50001", 3},
+                                                            {"2.49999", 2},
+                                                            {"007", 7},
+                                                            {"32767", 32767},
+                                                            {"-32768", -32768},
+                                                            {"32767.4", 32767},
+                                                            {"-32768.5", -32768},
+                                                            {"0.5000000000000000000001", 1}})
         row(text, value);
-    for (const char* text : {"", " ", "+", "-", ".", "-.", "1e3", "1,000", "1 000", "0x10", "\xD9\xA3", "99999", "32767.5",
-                             "32768", "-32769", "- 5", "5-", "1.2.3", "--1", "\xC2\xA0" "5", "99999999999999999999"})
+    for (const char* text : {"",
+                             " ",
+                             "+",
+                             "-",
+                             ".",
+                             "-.",
+                             "1e3",
+                             "1,000",
+                             "1 000",
+                             "0x10",
+                             "\xD9\xA3",
+                             "99999",
+                             "32767.5",
+                             "32768",
+                             "-32769",
+                             "- 5",
+                             "5-",
+                             "1.2.3",
+                             "--1",
+                             "\xC2\xA0"
+                             "5",
+                             "99999999999999999999"})
         row(text, none);
 }
 
@@ -89,7 +128,8 @@ void tst_numbers::FindSection_Text_Content_data() {
     QTest::newRow("start behind the text") << QStringLiteral("[TITLE]1[/TITLE]") << 99 << QString();
     QTest::newRow("opening tag in the content")
         << QStringLiteral("[TITLE]1[TITLE]2[/TITLE]") << 1 << QStringLiteral("1[TITLE]2");
-    QTest::newRow("letters that grow in upper case") << QStringLiteral("ßßß[TITLE]ß[/TITLE]") << 1 << QStringLiteral("ß");
+    QTest::newRow("letters that grow in upper case")
+        << QStringLiteral("ßßß[TITLE]ß[/TITLE]") << 1 << QStringLiteral("ß");
 }
 
 void tst_numbers::FindSection_Text_Content() {

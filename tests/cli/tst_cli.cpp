@@ -76,13 +76,28 @@ class tst_cli : public QObject {
         QTest::addColumn<QStringList>("arguments");
         const auto row = [](const char* line) { QTest::newRow(line) << QString::fromLatin1(line).split(u' '); };
         QTest::newRow("nothing") << QStringList();
-        for (const char* line :
-             {"html", "html a b", "html a --insert-into b", "html a --before b", "html a --insert-into b --before",
-              "html a --insert-into b --before c --after d", "html a --insert-into b --after c --fragment",
-              "html a --insert-into b --before=", "html a --output=", "save a", "show", "show a b", "score a",
-              "score a b --workbook", "score a b --reports",
-              "report a b --row 0", "report a b --row x", "take a --now yesterday", "take a --client", "show a --x",
-              "report a b --break-after-number=1", "report a b --break-after-number --no-break-after-number"})
+        for (const char* line : {"html",
+                                 "html a b",
+                                 "html a --insert-into b",
+                                 "html a --before b",
+                                 "html a --insert-into b --before",
+                                 "html a --insert-into b --before c --after d",
+                                 "html a --insert-into b --after c --fragment",
+                                 "html a --insert-into b --before=",
+                                 "html a --output=",
+                                 "save a",
+                                 "show",
+                                 "show a b",
+                                 "score a",
+                                 "score a b --workbook",
+                                 "score a b --reports",
+                                 "report a b --row 0",
+                                 "report a b --row x",
+                                 "take a --now yesterday",
+                                 "take a --client",
+                                 "show a --x",
+                                 "report a b --break-after-number=1",
+                                 "report a b --break-after-number --no-break-after-number"})
             row(line);
     }
     void RunTool_WrongCommandLine_ShowsUsage() {
@@ -109,20 +124,21 @@ class tst_cli : public QObject {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("message");
         QTest::newRow("malformed") << QByteArray("[Q]a[A]x[/A][/Q]")
-                                   << QStringLiteral("I can't find a value assigned to question a[A]x[/A] in the file: %1\n");
+                                   << QStringLiteral(
+                                          "I can't find a value assigned to question a[A]x[/A] in the file: %1\n");
         QTest::newRow("too long") << QByteArray(32768, 'x')
-                                  << QStringLiteral("Can't read the test file '%1': it holds 32768 characters, and a test "
-                                                    "has at most 32767\n");
+                                  << QStringLiteral(
+                                         "Can't read the test file '%1': it holds 32768 characters, and a test "
+                                         "has at most 32767\n");
     }
     void RunTool_UnusableTest_ExactMessageAndOne() {
         QFETCH(QByteArray, content);
         QFETCH(QString, message);
         const QString path = TestFile("bad.vlm", content);
         const QString csv = Csv("client\n");
-        for (const QStringList& arguments : {QStringList{QStringLiteral("show"), path},
-                                             QStringList{QStringLiteral("take"), path},
-                                             QStringList{QStringLiteral("score"), path, csv},
-                                             QStringList{QStringLiteral("report"), path, csv}}) {
+        for (const QStringList& arguments :
+             {QStringList{QStringLiteral("show"), path}, QStringList{QStringLiteral("take"), path},
+              QStringList{QStringLiteral("score"), path, csv}, QStringList{QStringLiteral("report"), path, csv}}) {
             const Ran ran = Run(arguments);
             QCOMPARE(ran.Status, 1);
             QCOMPARE(QString::fromUtf8(ran.Err), message.arg(path));
@@ -134,30 +150,59 @@ class tst_cli : public QObject {
         const Ran ran = Run({QStringLiteral("show"), test_});
         QCOMPARE(ran.Status, 0);
         qsizetype last = 0;
-        for (const char* key :
-             {"TestFileName", "TestBaseName", "TestFileLength", "TestTitle", "TestIntroduction", "TestInstructions",
-              "TestCompletionMessage", "SubscaleRangesPresent", "Subscales", "TotalRanges", "TemplateAnswers",
-              "LongestAnswerLength", "MaxAnswerCount", "HasMultichoice", "HasShortAnswer", "HasLongAnswer",
-              "HasLongAnswerQuestions", "QuestionCount", "Questions", "QuestionText", "QuestionType", "QuestionSubscale",
-              "AnswerCount", "Answers", "ReportOnlyWhenDone", "NavigationButtons", "TestOption", "ReportDirectory",
-              "ExcelDirectory", "ExcelFileName", "AutosaveFileName"}) {
+        for (const char* key : {"TestFileName",
+                                "TestBaseName",
+                                "TestFileLength",
+                                "TestTitle",
+                                "TestIntroduction",
+                                "TestInstructions",
+                                "TestCompletionMessage",
+                                "SubscaleRangesPresent",
+                                "Subscales",
+                                "TotalRanges",
+                                "TemplateAnswers",
+                                "LongestAnswerLength",
+                                "MaxAnswerCount",
+                                "HasMultichoice",
+                                "HasShortAnswer",
+                                "HasLongAnswer",
+                                "HasLongAnswerQuestions",
+                                "QuestionCount",
+                                "Questions",
+                                "QuestionText",
+                                "QuestionType",
+                                "QuestionSubscale",
+                                "AnswerCount",
+                                "Answers",
+                                "ReportOnlyWhenDone",
+                                "NavigationButtons",
+                                "TestOption",
+                                "ReportDirectory",
+                                "ExcelDirectory",
+                                "ExcelFileName",
+                                "AutosaveFileName"}) {
             const qsizetype at = ran.Out.indexOf('"' + QByteArray(key) + "\":", last);
             QVERIFY2(at >= last, key);
             last = at;
         }
         const QJsonObject json = QJsonDocument::fromJson(ran.Out).object();
-        const auto question = [&](int q) { return QJsonDocument(json[QLatin1String("Questions")][q - 1].toObject()).toJson(QJsonDocument::Compact); };
-        QCOMPARE(question(5), QByteArray(R"({"AnswerCount":0,"Answers":[{"Text":"T","Value":100},{"Text":"","Value":5}],)"
-                                         R"("QuestionSubscale":2,"QuestionText":"Five","QuestionType":0})"));
+        const auto question = [&](int q) {
+            return QJsonDocument(json[QLatin1String("Questions")][q - 1].toObject()).toJson(QJsonDocument::Compact);
+        };
+        QCOMPARE(question(5),
+                 QByteArray(R"({"AnswerCount":0,"Answers":[{"Text":"T","Value":100},{"Text":"","Value":5}],)"
+                            R"("QuestionSubscale":2,"QuestionText":"Five","QuestionType":0})"));
         QCOMPARE(json[QLatin1String("Questions")][0][QLatin1String("Answers")].toArray().size(), 3);
         QCOMPARE(json[QLatin1String("TestFileName")].toString(), test_);
-        QCOMPARE(QJsonDocument(json[QLatin1String("TestOption")].toArray()).toJson(QJsonDocument::Compact), QByteArray("[4,6,7,10,11,12,13]"));
+        QCOMPARE(QJsonDocument(json[QLatin1String("TestOption")].toArray()).toJson(QJsonDocument::Compact),
+                 QByteArray("[4,6,7,10,11,12,13]"));
     }
 
     void JsonWriter_HardTexts_AreEscaped() {
         JsonWriter json;
         json.BeginArray();
-        json.Text(QStringLiteral("\"\\\n\r\t\x01\x7f" "é€"));
+        json.Text(QStringLiteral("\"\\\n\r\t\x01\x7f"
+                                 "é€"));
         json.Text(QString(QChar(0xD83D)) + QChar(0xDE00));
         json.Text(QStringLiteral("a") + QChar(0xD83D));
         json.Text(QString(QChar(0xDE00)) + u'b');
@@ -195,8 +240,9 @@ class tst_cli : public QObject {
         QCOMPARE(good.Status, 0);
         const QByteArray path = test_.toUtf8();
         QVERIFY2(good.Out.contains(path + ": warning: question 5, answer 2 (line 1, column "), good.Out.constData());
-        QVERIFY2(good.Out.endsWith(path + ": scale 'B': lowest 110, highest 120 (0 to 120 with questions left unanswered)\n" +
-                                   path + ": total: lowest 103, highest 122 (-7 to 122 with questions left unanswered)\n"),
+        QVERIFY2(good.Out.endsWith(
+                     path + ": scale 'B': lowest 110, highest 120 (0 to 120 with questions left unanswered)\n" + path +
+                     ": total: lowest 103, highest 122 (-7 to 122 with questions left unanswered)\n"),
                  good.Out.constData());
 
         QTemporaryDir folder;
@@ -208,15 +254,19 @@ class tst_cli : public QObject {
         const QList<QByteArray> lines = bad.Out.trimmed().split('\n');
         QCOMPARE(lines.size(), 2);
         QVERIFY(lines[0].startsWith(folder.filePath(QStringLiteral("a.vlm: error: ")).toUtf8()));
-        QVERIFY(lines[1].startsWith(folder.filePath(QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
+        QVERIFY(lines[1].startsWith(
+            folder.filePath(QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
     }
 
     void Score_GoodRows_PrintsScores() {
-        const Ran ran = Score("\xEF\xBB\xBF" "5,client,2,\"1\",3\r\n"
+        const Ran ran = Score("\xEF\xBB\xBF"
+                              "5,client,2,\"1\",3\r\n"
                               "1,\"Lee, \"\"Ann\"\"\",1, 3 ,x\r\n0,,2,1,\"a\nb\"\n,Zoë,\t,,");
         QCOMPARE(ran.Err, QByteArray());
         QCOMPARE(ran.Status, 0);
-        QCOMPARE(ran.Out, QByteArray("client,total,\"A, \"\"first\"\"\",B\n\"Lee, \"\"Ann\"\"\",103,-7,110\n,21,1,20\nZoë,0,0,0\n"));
+        QCOMPARE(
+            ran.Out,
+            QByteArray("client,total,\"A, \"\"first\"\"\",B\n\"Lee, \"\"Ann\"\"\",103,-7,110\n,21,1,20\nZoë,0,0,0\n"));
     }
 
     void Score_BadResponses_ListsEverythingAndWritesNothing_data() {
@@ -254,7 +304,8 @@ class tst_cli : public QObject {
         row("bytes", QByteArray("client,3\n\xFF,a\0b\n", 15),
             {QStringLiteral("row 1, column 'client' (line 2): the cell is not valid UTF-8"),
              QStringLiteral("row 1, column '3' (line 2): the cell holds a zero byte")});
-        row("after a cell of two lines", "3,1\n\"a\r\nb\",1\nx,9\n", one("row 2, column '1' (line 4): the question has no answer 9"));
+        row("after a cell of two lines", "3,1\n\"a\r\nb\",1\nx,9\n",
+            one("row 2, column '1' (line 4): the question has no answer 9"));
         row("10 MB in a cell", "3,1\n\"" + QByteArray(10 << 20, 'x') + "\",9\n" + QByteArray(2 << 20, 'y') + ",1\n",
             {QStringLiteral("row 1, column '3' (line 2): the cell is longer than 1048576 bytes"),
              QStringLiteral("row 1, column '1' (line 2): the question has no answer 9"),
@@ -284,7 +335,8 @@ class tst_cli : public QObject {
         for (const QString& path : {Path("nowhere.csv"), folder_.path()}) {
             const Ran ran = Run({QStringLiteral("score"), test_, path});
             QCOMPARE(ran.Status, 1);
-            QVERIFY2(ran.Err.startsWith("Can't read the responses file '" + path.toUtf8() + "': "), ran.Err.constData());
+            QVERIFY2(ran.Err.startsWith("Can't read the responses file '" + path.toUtf8() + "': "),
+                     ran.Err.constData());
         }
     }
 
@@ -313,7 +365,8 @@ class tst_cli : public QObject {
                 state = state * 1664525u + 1013904223u;
                 const int a = IsMultichoice(test, q) ? static_cast<int>((state >> 16) % 6) : 0;
                 responses.ResponseChoice(q) = a;
-                csv += (q == test.QuestionCount ? QByteArray() : QByteArray(",")) + QByteArray::number(row == 0 ? q : a);
+                csv +=
+                    (q == test.QuestionCount ? QByteArray() : QByteArray(",")) + QByteArray::number(row == 0 ? q : a);
             }
             csv += '\n';
             if (row == 0)
@@ -342,7 +395,8 @@ class tst_cli : public QObject {
     }
 
     void CsvReader_CellOfTheLongestLength_IsTaken() {
-        QByteArray csv = "client,3\r\n" + QByteArray(1 << 20, 'c') + ",\r\n,\"" + QByteArray((1 << 20) - 2, 'x') + "\"\r\n";
+        QByteArray csv =
+            "client,3\r\n" + QByteArray(1 << 20, 'c') + ",\r\n,\"" + QByteArray((1 << 20) - 2, 'x') + "\"\r\n";
         QCOMPARE(Score(csv).Status, 0);
         QCOMPARE(Score(csv.replace("c,", "cc,")).Status, 1);
     }
@@ -373,12 +427,19 @@ class tst_cli : public QObject {
 
     void Report_Rows_OneBehindTheOther() {
         const QString csv = Csv("administrator,client,4,3,1\nDr. B,Ann,\"long\nanswer\",,2\n,,,3,\n");
-        const QStringList base{QStringLiteral("--prefix"), QStringLiteral("#"), QStringLiteral("report"), test_, csv,
-                               QStringLiteral("--suffix=)"), QStringLiteral("--administrator"), QStringLiteral("Me")};
+        const QStringList base{QStringLiteral("--prefix"),
+                               QStringLiteral("#"),
+                               QStringLiteral("report"),
+                               test_,
+                               csv,
+                               QStringLiteral("--suffix=)"),
+                               QStringLiteral("--administrator"),
+                               QStringLiteral("Me")};
         QStringList arguments = base.mid(2) + base.mid(0, 2);
-        const QByteArray first = "\r\n FOR ANN\r\n\r\nTest administered by Dr. B\r\n\r\n4 of 5 questions completed.\r\n\r\n"
-                                 "QUESTION RESPONSES:\r\n#1)b\r\n#4)long\nanswer\r\n\r\nQUESTIONS NOT ANSWERED: 2, 3, 5.\r\n\r\n"
-                                 "\r\nCUMULATIVE SCORE= 2\r\n";
+        const QByteArray first =
+            "\r\n FOR ANN\r\n\r\nTest administered by Dr. B\r\n\r\n4 of 5 questions completed.\r\n\r\n"
+            "QUESTION RESPONSES:\r\n#1)b\r\n#4)long\nanswer\r\n\r\nQUESTIONS NOT ANSWERED: 2, 3, 5.\r\n\r\n"
+            "\r\nCUMULATIVE SCORE= 2\r\n";
         const QByteArray second = "\r\n\r\nTest administered by Me\r\n\r\n3 of 5 questions completed.\r\n\r\n"
                                   "QUESTION RESPONSES:\r\n#3)3\r\n\r\nQUESTIONS NOT ANSWERED: 1, 2, 4, 5.\r\n\r\n"
                                   "\r\nCUMULATIVE SCORE= 0\r\n";
@@ -393,17 +454,20 @@ class tst_cli : public QObject {
     void ScoreReports_NamesCountersAndAppending() {
         const QString directory = Path("out/reports");
         const QByteArray csv = "client,1\nAnn/Lee,1\nAnn/Lee,2\n";
-        const QString client = TestFile("Cl.vlm", SmallTest + "[AUTOSAVE REPORT AS CLIENT][AUTOSAVE REPORT DIRECTORY AS CLIENT]");
+        const QString client =
+            TestFile("Cl.vlm", SmallTest + "[AUTOSAVE REPORT AS CLIENT][AUTOSAVE REPORT DIRECTORY AS CLIENT]");
         Ran ran = Run({QStringLiteral("score"), client, Csv(csv), QStringLiteral("--reports"), directory});
         QCOMPARE(ran.Err, QByteArray());
         QCOMPARE(ran.Status, 0);
-        QCOMPARE(QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{QStringLiteral("Ann_Lee")});
+        QCOMPARE(QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{QStringLiteral("Ann_Lee")});
         QCOMPARE(QDir(directory + QStringLiteral("/Ann_Lee")).entryList(QDir::Files),
                  (QStringList{QStringLiteral("Cl Ann_Lee(1).txt"), QStringLiteral("Cl Ann_Lee.txt")}));
         const QByteArray report = Run({QStringLiteral("report"), client, Csv(csv), QStringLiteral("--row=2")}).Out;
         QCOMPARE(BytesOf(directory + QStringLiteral("/Ann_Lee/Cl Ann_Lee(1).txt")), report + "\r\n");
 
-        const QString append = TestFile("Ap.vlm", SmallTest + "[APPEND TO REPORT FILE][AUTOSAVE FILENAME]all.x[/AUTOSAVE FILENAME]");
+        const QString append =
+            TestFile("Ap.vlm", SmallTest + "[APPEND TO REPORT FILE][AUTOSAVE FILENAME]all.x[/AUTOSAVE FILENAME]");
         ran = Run({QStringLiteral("score"), append, Csv(csv), QStringLiteral("--reports"), directory});
         QCOMPARE(ran.Status, 0);
         const QByteArray first = Run({QStringLiteral("report"), append, Csv(csv), QStringLiteral("--row=1")}).Out;
@@ -457,7 +521,8 @@ class tst_cli : public QObject {
     }
 
     void Take_AfterCompletion_AnswersCanBeChanged() {
-        const QString two = TestFile("Two.vlm", "[Q]a[A]x[v=1][/A][A]y[v=2][/A][/Q][Q]b[A]x[v=10][/A][/Q][REPORT TOTAL SCORE]");
+        const QString two =
+            TestFile("Two.vlm", "[Q]a[A]x[v=1][/A][A]y[v=2][/A][/Q][Q]b[A]x[v=10][/A][/Q][REPORT TOTAL SCORE]");
         const Ran ran = Run({QStringLiteral("take"), two}, "1\n1\n:back\n2\n1\n\n1\n");
         QCOMPARE(ran.Out, QByteArray("\r\n\r\n\r\nCUMULATIVE SCORE= 12\r\n"));
     }
@@ -487,7 +552,8 @@ class tst_cli : public QObject {
         Ran ran = Run({QStringLiteral("take"), TestFile("No.vlm", "[TITLE]None[/TITLE]")});
         QCOMPARE(ran.Status, 1);
         QCOMPARE(ran.Err, QByteArray("The test 'None' has no questions.\n"));
-        ran = Run({QStringLiteral("take"), TestFile("Big.vlm", QByteArray("[Q]a[A]x[v=20000][/A][/Q]").repeated(2))}, "1\n1\n");
+        ran = Run({QStringLiteral("take"), TestFile("Big.vlm", QByteArray("[Q]a[A]x[v=20000][/A][/Q]").repeated(2))},
+                  "1\n1\n");
         QCOMPARE(ran.Status, 1);
         QVERIFY(ran.Err.endsWith("Overflow\n"));
         QCOMPARE(ran.Out, QByteArray());
@@ -505,9 +571,8 @@ class tst_cli : public QObject {
     void Process_ReaderGoesAway_IsOneAndNoCrash() {
         QProcess process;
         process.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"),
-                       QStringLiteral("{ \"$0\" show \"$1\"; echo $? >&2; } | true; sleep 0.1"), Cli(),
-                       Sample(QStringLiteral("Longest Test.vlm"))});
+                      {QStringLiteral("-c"), QStringLiteral("{ \"$0\" show \"$1\"; echo $? >&2; } | true; sleep 0.1"),
+                       Cli(), Sample(QStringLiteral("Longest Test.vlm"))});
         QVERIFY(process.waitForFinished());
         const QByteArray err = process.readAllStandardError();
         QVERIFY2(err.endsWith("\n1\n") || err == "0\n", err.constData());

@@ -6,7 +6,8 @@
 inline TestDocument TestFromText(const QString& text, const QString& path = QStringLiteral("/tests/Mood.vlm")) {
     TestDocument test;
     test.TestFileName = path;
-    test.TestFileText = QString(text).remove(u'\n').remove(u'\r').replace(QStringLiteral("<P>"), QStringLiteral("\r\n"));
+    test.TestFileText =
+        QString(text).remove(u'\n').remove(u'\r').replace(QStringLiteral("<P>"), QStringLiteral("\r\n"));
     test.TestFileLength = static_cast<int>(test.TestFileText.size());
     LoadTest(test);
     return test;

@@ -68,7 +68,8 @@ void tst_administration::Navigation_Steps_Position_data() {
     QTest::newRow("forward wraps after the last") << QStringLiteral("1t2f") << QStringLiteral("Question 1 of 3") << 3;
     QTest::newRow("back from completed") << QStringLiteral("1t2b") << QStringLiteral("Question 2 of 3") << 3;
     QTest::newRow("completed again") << QStringLiteral("1t2bt1") << QStringLiteral("Completed") << 3;
-    QTest::newRow("an earlier answer changed goes on") << QStringLiteral("1t2bb2") << QStringLiteral("Question 2 of 3") << 3;
+    QTest::newRow("an earlier answer changed goes on")
+        << QStringLiteral("1t2bb2") << QStringLiteral("Question 2 of 3") << 3;
 }
 
 void tst_administration::Navigation_Steps_Position() {
@@ -128,7 +129,8 @@ void tst_administration::Buttons_Options_Visibility_data() {
     QTest::newRow("second question") << nav << QStringLiteral("1") << QStringLiteral("BfREA");
     QTest::newRow("back again") << nav << QStringLiteral("1b") << QStringLiteral("BFREA");
     QTest::newRow("without navigation") << QString() << QStringLiteral("1") << QStringLiteral("bfREA");
-    QTest::newRow("without navigation, after completion") << QString() << QStringLiteral("1t2b") << QStringLiteral("BfREA");
+    QTest::newRow("without navigation, after completion")
+        << QString() << QStringLiteral("1t2b") << QStringLiteral("BfREA");
     QTest::newRow("locked") << locked << QStringLiteral("1") << QStringLiteral("bfrea");
     QTest::newRow("locked, completed") << locked << QStringLiteral("1t2") << QStringLiteral("BfRea");
     QTest::newRow("only when done") << whenDone << QStringLiteral("1") << QStringLiteral("bfrea");
@@ -152,9 +154,10 @@ void tst_administration::Buttons_Options_Visibility() {
 void tst_administration::CompletedPage_Message_Appended() {
     Taking taking(Three + QStringLiteral("[COMPLETION MESSAGE]Thanks<P>a lot[/COMPLETION MESSAGE]"));
     taking.Do(QStringLiteral("1t1"));
-    QCOMPARE(taking.course->PageText(),
-             QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, or use the "
-                            "'Back' and 'Forward' buttons to view and edit your responses.\r\nThanks\r\na lot"));
+    QCOMPARE(
+        taking.course->PageText(),
+        QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, or use the "
+                       "'Back' and 'Forward' buttons to view and edit your responses.\r\nThanks\r\na lot"));
 }
 
 void tst_administration::Completion_Options_WhatRunsByItself_data() {

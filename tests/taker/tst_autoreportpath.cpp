@@ -51,16 +51,18 @@ void tst_autoreportpath::ReportPathFor_Options_Path_data() {
     QTest::newRow("directory and name of the client")
         << directory + asClient + inClient << ann << QStringLiteral("Reports/Ann Lee/Mood Ann Lee.txt");
     QTest::newRow("client directory alone") << inClient << ann << QStringLiteral("Ann Lee/Mood.txt");
-    QTest::newRow("autosave name before its first dot") << directory + named << ann << QStringLiteral("Reports/results.txt");
+    QTest::newRow("autosave name before its first dot")
+        << directory + named << ann << QStringLiteral("Reports/results.txt");
     QTest::newRow("autosave name and client") << named + asClient << ann << QStringLiteral("results Ann Lee.txt");
-    QTest::newRow("a name that would leave the folder")
-        << directory + asClient + inClient << QStringLiteral("../../x")
-        << QStringLiteral("Reports/.._.._x/Mood .._.._x.txt");
+    QTest::newRow("a name that would leave the folder") << directory + asClient + inClient << QStringLiteral("../../x")
+                                                        << QStringLiteral("Reports/.._.._x/Mood .._.._x.txt");
     QTest::newRow("a name with forbidden characters")
         << asClient << QStringLiteral("a/b:c*?") << QStringLiteral("Mood a_b_c__.txt");
     QTest::newRow("a name of dots") << inClient << QStringLiteral("..") << QStringLiteral("__/Mood.txt");
-    QTest::newRow("letters of all scripts stay") << asClient << QStringLiteral("Zoë 李") << QStringLiteral("Mood Zoë 李.txt");
-    QTest::newRow("no client in a client directory") << directory + inClient << QString() << QStringLiteral("Reports/Mood.txt");
+    QTest::newRow("letters of all scripts stay")
+        << asClient << QStringLiteral("Zoë 李") << QStringLiteral("Mood Zoë 李.txt");
+    QTest::newRow("no client in a client directory")
+        << directory + inClient << QString() << QStringLiteral("Reports/Mood.txt");
 }
 
 void tst_autoreportpath::ReportPathFor_Options_Path() {

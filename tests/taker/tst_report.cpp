@@ -15,8 +15,8 @@ const QString Scale = QStringLiteral(
     "[Q]Eat?[QT]2[/QT][/Q]"
     "[Q]Walk?[A]Never[v=0][/A][A]Often[v=5][/A][SS=7][/Q]"
     "[Q]Tell more[QT]3[/QT][/Q]");
-const QString Ranges = QStringLiteral(
-    "[TOTAL][SIG]0 to 3 =Calm[/SIG][SIG]3 to 9 =Busy[/SIG][SIG]8 to 8 =Exactly[/SIG][/TOTAL]");
+const QString Ranges =
+    QStringLiteral("[TOTAL][SIG]0 to 3 =Calm[/SIG][SIG]3 to 9 =Busy[/SIG][SIG]8 to 8 =Exactly[/SIG][/TOTAL]");
 
 struct Given {
     QString ClientName = {}, AdministratorName = {};
@@ -33,8 +33,8 @@ QString Report(const QString& text, const Given& given) {
     responses.ResponseText(2) = given.Second;
     responses.ResponseText(4) = given.Fourth;
     responses.FurthestQuestion = !given.Fourth.isEmpty() ? 4 : given.Third != 0 ? 3 : 0;
-    ReportContext context{given.ClientName, given.AdministratorName,     QStringLiteral("Q"),
-                          QStringLiteral(")"), given.BreakAfterNumber, {{2026, 11, 21}, {14, 5, 9}}};
+    ReportContext context{given.ClientName,    given.AdministratorName, QStringLiteral("Q"),
+                          QStringLiteral(")"), given.BreakAfterNumber,  {{2026, 11, 21}, {14, 5, 9}}};
     return BuildReport(test, responses, context);
 }
 
@@ -70,10 +70,9 @@ void tst_report::BuildReport_Options_ExactText_data() {
         << Scale + Ranges << Given{.First = 2, .Third = 2}
         << Lines({e, e, e, QStringLiteral("ANALYSIS OF TOTAL SCORE:"), QStringLiteral("Busy"),
                   QStringLiteral("Exactly"), e, e, e});
-    QTest::newRow("a bound belongs to both ranges")
-        << Scale + Ranges << Given{.First = 2}
-        << Lines({e, e, e, QStringLiteral("ANALYSIS OF TOTAL SCORE:"), QStringLiteral("Calm"), QStringLiteral("Busy"),
-                  e, e, e});
+    QTest::newRow("a bound belongs to both ranges") << Scale + Ranges << Given{.First = 2}
+                                                    << Lines({e, e, e, QStringLiteral("ANALYSIS OF TOTAL SCORE:"),
+                                                              QStringLiteral("Calm"), QStringLiteral("Busy"), e, e, e});
     QTest::newRow("names without their prompts stay out")
         << Scale << Given{.ClientName = QStringLiteral("Ann"), .AdministratorName = QStringLiteral("Bo")}
         << Lines({e, e, e});
@@ -85,9 +84,8 @@ void tst_report::BuildReport_Options_ExactText_data() {
                   QStringLiteral("Test administered by Bo"), e, QStringLiteral("INTRODUCTION"), e,
                   QStringLiteral("Intro"), e, QStringLiteral("INSTRUCTIONS"), e, QStringLiteral("Do it"), e,
                   QStringLiteral("3 of 4 questions completed."), e, e});
-    QTest::newRow("date and time")
-        << Scale + QStringLiteral("[REPORT DATE AND TIME COMPLETED]") << Given{}
-        << Lines({e, e, e, QStringLiteral("TEST COMPLETED: 14:05:09   21 Nov 2026"), e, e});
+    QTest::newRow("date and time") << Scale + QStringLiteral("[REPORT DATE AND TIME COMPLETED]") << Given{}
+                                   << Lines({e, e, e, QStringLiteral("TEST COMPLETED: 14:05:09   21 Nov 2026"), e, e});
     QTest::newRow("unanswered typed questions are listed with the multichoice answers")
         << Scale + QStringLiteral("[REPORT MULTICHOICE QUESTION ANSWERS]") << Given{.Third = 2}
         << Lines({e, e, QStringLiteral("QUESTION RESPONSES:"), QStringLiteral("Q3)Often"), e,
@@ -99,7 +97,10 @@ void tst_report::BuildReport_Options_ExactText_data() {
                   QStringLiteral("well"), e});
     QTest::newRow("all answered, a line break after the number")
         << Scale + QStringLiteral("[REPORT MULTICHOICE QUESTION ANSWERS][REPORT QUESTIONS]")
-        << Given{.First = 1, .Third = 2, .Second = QStringLiteral("x"), .Fourth = QStringLiteral("y"),
+        << Given{.First = 1,
+                 .Third = 2,
+                 .Second = QStringLiteral("x"),
+                 .Fourth = QStringLiteral("y"),
                  .BreakAfterNumber = true}
         << Lines({e, e, QStringLiteral("QUESTION RESPONSES:"), QStringLiteral("Q1)"), QStringLiteral("Sleep? =  No"),
                   QStringLiteral("Q3)"), QStringLiteral("Walk? =  Often"), e});

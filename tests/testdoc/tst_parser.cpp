@@ -55,9 +55,13 @@ class tst_parser : public QObject {
         QTest::newRow("both marks") << QByteArray("a<P>b<p>c") << QStringLiteral("a\r\nb\r\nc");
         QTest::newRow("mark across lines") << QByteArray("a<\r\nP>b") << QStringLiteral("a\r\nb");
         QTest::newRow("no mark with a blank") << QByteArray("a<P >b</P>") << QStringLiteral("a<P >b</P>");
-        QTest::newRow("code page") << QByteArray("Gr\xF6\xDF" "e \x80") << QStringLiteral("Größe €");
+        QTest::newRow("code page") << QByteArray("Gr\xF6\xDF"
+                                                 "e \x80")
+                                   << QStringLiteral("Größe €");
         QTest::newRow("UTF-8") << QByteArray("Größe") << QStringLiteral("Größe");
-        QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF" "abc") << QStringLiteral("abc");
+        QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF"
+                                                       "abc")
+                                         << QStringLiteral("abc");
         QTest::newRow("empty") << QByteArray() << QString();
     }
     void ReadTestFile_LineEndsAndMarks_JoinsAndBreaks() {
@@ -103,8 +107,9 @@ class tst_parser : public QObject {
         const QString path = folder.filePath(name);
         const Result result = OpenTest(test, path);
         QVERIFY(!result);
-        QVERIFY2(result.Message().startsWith(QStringLiteral("Can't read the test file '") + path + QStringLiteral("': ")),
-                 qPrintable(result.Message()));
+        QVERIFY2(
+            result.Message().startsWith(QStringLiteral("Can't read the test file '") + path + QStringLiteral("': ")),
+            qPrintable(result.Message()));
     }
 
     void LoadTest_BaseName_CutsAtTheFirstPoint_data() {
@@ -150,7 +155,8 @@ class tst_parser : public QObject {
     void LoadTest_Options_AreFoundAnywhereInAnyCase() {
         for (int i = 1; i <= OptionCount; ++i) {
             const QString tag = OptionTags()[static_cast<size_t>(i - 1)];
-            const TestDocument test = Loaded(QStringLiteral("[Q]Do you like ") + tag.toLower() + QStringLiteral("?[/Q]"));
+            const TestDocument test =
+                Loaded(QStringLiteral("[Q]Do you like ") + tag.toLower() + QStringLiteral("?[/Q]"));
             for (int other = 1; other <= OptionCount; ++other)
                 QCOMPARE(test.TestOption(other), other == i);
         }
@@ -166,7 +172,8 @@ class tst_parser : public QObject {
         QTest::newRow("as written") << QStringLiteral("0 to 10 =Within") << 0 << 10 << QStringLiteral("Within");
         QTest::newRow("by hand") << QStringLiteral("5 TO 9=Mild") << 5 << 9 << QStringLiteral("Mild");
         QTest::newRow("negative") << QStringLiteral("-5To-1 = a") << -5 << -1 << QStringLiteral(" a");
-        QTest::newRow("text with marks") << QStringLiteral("1 to 2 =3 to 4 = b") << 1 << 2 << QStringLiteral("3 to 4 = b");
+        QTest::newRow("text with marks") << QStringLiteral("1 to 2 =3 to 4 = b") << 1 << 2
+                                         << QStringLiteral("3 to 4 = b");
         QTest::newRow("halves to even") << QStringLiteral("0.5 to 2.5 =") << 0 << 2 << QString();
         QTest::newRow("low above high") << QStringLiteral("9 to 1 =x") << 9 << 1 << QStringLiteral("x");
     }
@@ -204,8 +211,8 @@ class tst_parser : public QObject {
     void LoadTest_TextBeforeSubscales_ReadsOneTwiceBeyondTheStep() {
         QFETCH(QString, between);
         QFETCH(QString, names);
-        const TestDocument test = Loaded(QStringLiteral("[SUBSCALES]") + between +
-                                         QStringLiteral("[S]Alpha[/S][S]Beta[/S][/SUBSCALES]"));
+        const TestDocument test =
+            Loaded(QStringLiteral("[SUBSCALES]") + between + QStringLiteral("[S]Alpha[/S][S]Beta[/S][/SUBSCALES]"));
         QStringList read;
         for (int s = 1; s <= test.SubscaleCount; ++s)
             read << test.SubscaleName(s);
@@ -246,16 +253,17 @@ class tst_parser : public QObject {
         QTest::newRow("long, lower case") << QStringLiteral("Name?[qt] 3 [/qt]") << name << 3 << 0 << QString();
         QTest::newRow("answers") << QStringLiteral("Name?[A]a[v=3][/A][a]b[V= -4 ][/a]") << name << 1 << 0
                                  << QStringLiteral("a:3|b:-4");
-        QTest::newRow("answers and type") << QStringLiteral("Name?[A]a[v=1][/A][QT]2[/QT]") << name << 1 << 0
-                                          << QStringLiteral("a:1");
-        QTest::newRow("text between answers") << QStringLiteral("Name?[A]a[v=1][/A] and a good deal [A]b[v=2][/A]") << name
-                                              << 1 << 0 << QStringLiteral("a:1|b:2");
+        QTest::newRow("answers and type")
+            << QStringLiteral("Name?[A]a[v=1][/A][QT]2[/QT]") << name << 1 << 0 << QStringLiteral("a:1");
+        QTest::newRow("text between answers") << QStringLiteral("Name?[A]a[v=1][/A] and a good deal [A]b[v=2][/A]")
+                                              << name << 1 << 0 << QStringLiteral("a:1|b:2");
         QTest::newRow("fraction") << QStringLiteral("Name?[A]a[v=1.5][/A][A]b[v=2.5][/A]") << name << 1 << 0
                                   << QStringLiteral("a:2|b:2");
-        QTest::newRow("empty answer text") << QStringLiteral("Name?[A][v=9][/A]") << name << 1 << 0
-                                           << QStringLiteral(":9");
+        QTest::newRow("empty answer text")
+            << QStringLiteral("Name?[A][v=9][/A]") << name << 1 << 0 << QStringLiteral(":9");
         QTest::newRow("sub-scale that isn't there") << QStringLiteral("Name?[ss=3]") << name << 0 << 3 << QString();
-        QTest::newRow("bracket in the text") << QStringLiteral("Na[me]?") << QStringLiteral("Na") << 0 << 0 << QString();
+        QTest::newRow("bracket in the text")
+            << QStringLiteral("Na[me]?") << QStringLiteral("Na") << 0 << 0 << QString();
     }
     void LoadTest_Questions_TypeTextAndAnswers() {
         QFETCH(QString, content);
@@ -297,9 +305,8 @@ class tst_parser : public QObject {
     }
 
     void LoadTest_Template_IsCopiedWithoutCountOrType() {
-        const TestDocument test =
-            Loaded(QStringLiteral("[TEMPLATE][A]No[v=0][/A][A]Yes, always[v=1][/A][/TEMPLATE]"
-                                  "[Q]a[/Q][Q]b[A]x[v=7][/A][/Q][Q]c[QT]2[/QT][/Q]"));
+        const TestDocument test = Loaded(QStringLiteral("[TEMPLATE][A]No[v=0][/A][A]Yes, always[v=1][/A][/TEMPLATE]"
+                                                        "[Q]a[/Q][Q]b[A]x[v=7][/A][/Q][Q]c[QT]2[/QT][/Q]"));
         QCOMPARE(Answers(test, 1, 2), QStringLiteral("No:0|Yes, always:1"));
         QCOMPARE(test.AnswerCount(1), 0);
         QCOMPARE(test.QuestionType(1), 0);
@@ -365,15 +372,17 @@ class tst_parser : public QObject {
         QTest::newRow("questions") << QString() << QStringLiteral("[Q]a[/Q]") << QString() << 500
                                    << QStringLiteral("More than 500 questions");
         QTest::newRow("sub-scales") << QStringLiteral("[SUBSCALES]") << QStringLiteral("[S]a[/S]")
-                                    << QStringLiteral("[/SUBSCALES]") << 50 << QStringLiteral("More than 50 sub-scales");
-        QTest::newRow("ranges") << QStringLiteral("[SUBSCALES][S]a") << range << QStringLiteral("[/S][/SUBSCALES]") << 50
-                                << QStringLiteral("More than 50 ranges");
+                                    << QStringLiteral("[/SUBSCALES]") << 50
+                                    << QStringLiteral("More than 50 sub-scales");
+        QTest::newRow("ranges") << QStringLiteral("[SUBSCALES][S]a") << range << QStringLiteral("[/S][/SUBSCALES]")
+                                << 50 << QStringLiteral("More than 50 ranges");
         QTest::newRow("total ranges") << QStringLiteral("[TOTAL]") << range << QStringLiteral("[/TOTAL]") << 50
                                       << QStringLiteral("More than 50 ranges");
         QTest::newRow("answers") << QStringLiteral("[Q]a") << QStringLiteral("[A]x[v=1][/A]") << QStringLiteral("[/Q]")
                                  << 10 << QStringLiteral("More than 10 answers");
         QTest::newRow("template") << QStringLiteral("[TEMPLATE]") << QStringLiteral("[A]x[v=1][/A]")
-                                  << QStringLiteral("[/TEMPLATE]") << 11 << QStringLiteral("More than 11 template answers");
+                                  << QStringLiteral("[/TEMPLATE]") << 11
+                                  << QStringLiteral("More than 11 template answers");
         QTest::newRow("template in a question")
             << QStringLiteral("[Q]a[/Q][TEMPLATE]") << QStringLiteral("[A]x[v=1][/A]") << QStringLiteral("[/TEMPLATE]")
             << 10 << QStringLiteral("More than 10 answers");

@@ -158,8 +158,8 @@ bool AppNavigator::EditNewTest() {
 }
 
 frmTestEditor* AppNavigator::MakeEditor() {
-    return Owned(new frmTestEditor({parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files,
-                                    *this, copies_}));
+    return Owned(new frmTestEditor(
+        {parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files, *this, copies_}));
 }
 
 bool AppNavigator::OpenEditor() {
@@ -177,8 +177,8 @@ bool AppNavigator::OfferLeftTest() {
     const std::optional<RecoveredTest> left = copies_.Left();
     if (!left)
         return false;
-    switch (parts_.Ports.Boxes.Ask({LeftTestQuestion(*left), QStringLiteral("Unsaved Test"),
-                                    PromptButtons::YesNoCancel, PromptIcon::Question})) {
+    switch (parts_.Ports.Boxes.Ask(
+        {LeftTestQuestion(*left), QStringLiteral("Unsaved Test"), PromptButtons::YesNoCancel, PromptIcon::Question})) {
     case PromptAnswer::Yes:
         break;
     case PromptAnswer::No:
@@ -218,9 +218,8 @@ QList<frmEdit*> AppNavigator::Reports() const {
 
 QWidgetList AppNavigator::OwnWindows() const {
     QWidgetList windows;
-    for (QWidget* window :
-         {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_), static_cast<QWidget*>(editor_),
-          static_cast<QWidget*>(help_)})
+    for (QWidget* window : {static_cast<QWidget*>(startScreen_), static_cast<QWidget*>(testWindow_),
+                            static_cast<QWidget*>(editor_), static_cast<QWidget*>(help_)})
         if (window)
             windows.append(window);
     for (const QPointer<frmEdit>& report : reports_)

@@ -14,8 +14,8 @@
 
 #include <functional>
 
-/// The parts that the windows of the program are made of. All of them outlive the navigator. The exporter may be missing;
-/// the windows then say that the function isn't there.
+/// The parts that the windows of the program are made of. All of them outlive the navigator. The exporter may be
+/// missing; the windows then say that the function isn't there.
 struct AppParts {
     Session& Run;
     ProgramStart& Start;
@@ -34,8 +34,7 @@ struct AppParts {
 /// Makes and shows the windows of the program, and owns them.
 class AppNavigator : public Navigator {
   public:
-    explicit AppNavigator(AppParts parts)
-        : parts_(std::move(parts)), copies_(parts_.RecoveryFolder, parts_.Time) {}
+    explicit AppNavigator(AppParts parts) : parts_(std::move(parts)), copies_(parts_.RecoveryFolder, parts_.Time) {}
     ~AppNavigator() override;
     AppNavigator(const AppNavigator&) = delete;
     AppNavigator& operator=(const AppNavigator&) = delete;

@@ -3,9 +3,9 @@
 #include "app/BeginFlow.h"
 #include "app/ProgramStart.h"
 #include "app/TestList.h"
-#include "platform/ui/LinkButton.h"
 #include "app/ui/PictureMenu.h"
 #include "platform/FileChooser.h"
+#include "platform/ui/LinkButton.h"
 #include "settings/Settings.h"
 
 #include <QLabel>

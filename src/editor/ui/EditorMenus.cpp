@@ -10,8 +10,7 @@ EditorMenus::EditorMenus(QMainWindow& window) : QObject(&window), window_(window
         QKeySequence::Save);
     Add(file, QStringLiteral("mnufilesaveas"), QStringLiteral("Save &As"), &EditorMenus::mnufilesaveas_Click,
         Qt::CTRL | Qt::SHIFT | Qt::Key_S);
-    savehtml_ =
-        Add(file, QStringLiteral("savehtml"), QStringLiteral("Save as &html"), &EditorMenus::savehtml_Click);
+    savehtml_ = Add(file, QStringLiteral("savehtml"), QStringLiteral("Save as &html"), &EditorMenus::savehtml_Click);
     fileListBar_ = file.addSeparator();
     for (int i = 0; i <= MostFiles; ++i) {
         QAction* item = file.addAction(QString());

@@ -8,8 +8,8 @@
 
 #include <optional>
 
-/// A box for a whole number of 16 bits. What is typed and can't become one is answered with "Not a valid value" at once;
-/// the box then keeps the text, selected, and the focus. It never cuts what is pasted.
+/// A box for a whole number of 16 bits. What is typed and can't become one is answered with "Not a valid value" at
+/// once; the box then keeps the text, selected, and the focus. It never cuts what is pasted.
 class NumberBox : public QLineEdit {
     Q_OBJECT
 

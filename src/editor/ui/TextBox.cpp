@@ -19,7 +19,10 @@ TextBox::TextBox(Form form, int visibleLines, QWidget* parent) : QPlainTextEdit(
 
 QString TextBox::Text() const {
     // Not toPlainText, which turns non-breaking spaces into others.
-    return document()->toRawText().replace(QChar::ParagraphSeparator, LineBreak).replace(QChar::LineSeparator, LineBreak);
+    return document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, LineBreak)
+        .replace(QChar::LineSeparator, LineBreak);
 }
 
 void TextBox::SetText(const QString& text) {

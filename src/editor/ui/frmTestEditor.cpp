@@ -94,8 +94,14 @@ void frmTestEditor::MakePages(const EditorParts& parts) {
     subscales_ = new SubscalesTab(parts);
     questions_ = new QuestionsTab(parts);
     export_ = new ExportTab(parts, *checks_);
-    picOptions_ = {new AboutTestTab(parts), subscales_, new TemplateTab(parts), questions_, new AnalysisTab(parts),
-                   new OptionsTab(parts, *checks_), new AutomationTab(parts, *checks_), export_};
+    picOptions_ = {new AboutTestTab(parts),
+                   subscales_,
+                   new TemplateTab(parts),
+                   questions_,
+                   new AnalysisTab(parts),
+                   new OptionsTab(parts, *checks_),
+                   new AutomationTab(parts, *checks_),
+                   export_};
 
     home_ = Named(new HomeView, QStringLiteral("HomeView"));
     pages_ = new QStackedWidget;
@@ -184,8 +190,7 @@ void frmTestEditor::ConnectPages() {
             [this] { questions_->FillSubscales(QStringLiteral("<None>")); });
     connect(export_, &ExportTab::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
     connect(home_, &HomeView::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
-    connect(findings_, &FindingsLine::Chosen, this,
-            [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
+    connect(findings_, &FindingsLine::Chosen, this, [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
 }
 
 void frmTestEditor::Guarded(const std::function<void()>& action) {
