@@ -76,11 +76,25 @@ test('questions without an answer are listed and can be jumped to', async () => 
   await tab.keyboard.press('Space');
   assert.deepEqual(await tab.locator('#vellumo-open-list a').allTextContents(), ['2. Second?']);
   await tab.fill('#vellumo-question-2 input', 'x');
+  assert.ok(await tab.isHidden('#vellumo-open'));
   await tab.click('text="Show the result"');
   assert.ok(await tab.isVisible('#vellumo-result'));
+  assert.ok(await tab.isHidden('#vellumo-left-out'));
   assert.equal(await focused(tab), 'vellumo-result-title');
   assert.equal(await tab.textContent('#vellumo-total-score .score'), '3');
   clean(tab);
+  await tab.context().close();
+});
+
+test('the list of open questions is in sight below the progress, and the result says what was left out', async () => {
+  const tab = await web.open(browser, smallPage(), { viewport: { width: 360, height: 300 } });
+  await tab.click('text="Show the result"');
+  const [heading, progress] = await Promise.all(['open-title', 'progress-line'].map(name => tab.locator(`#vellumo-${name}`).boundingBox()));
+  assert.ok(heading.y >= progress.y + progress.height, `${heading.y} is under the progress, which ends at ${progress.y + progress.height}`);
+  await tab.getByLabel('yes').check();
+  await tab.click('#vellumo-anyway');
+  assert.ok(await tab.isVisible('#vellumo-left-out'));
+  assert.equal(await tab.innerText('#vellumo-left-out'), 'Questions not answered: 2, 3, 4. They count nothing in the scores.');
   await tab.context().close();
 });
 
@@ -233,7 +247,8 @@ test('"Send" opens an e-mail, a long one without the answers', async () => {
 });
 
 test('an address that is none is told in words, and no address means no sending', async () => {
-  for (const [email, note] of [['nobody', /neither an e-mail address/], ['javascript:alert(1)', /neither an e-mail address/], ['', /^$/]]) {
+  for (const [email, note] of [['nobody', /neither an e-mail address/], ['javascript:alert(1)', /neither an e-mail address/],
+    ['', /^$/], ['someone@example.com', /^$/]]) {
     const tab = await web.open(browser, smallPage('--email', email));
     await web.finish(tab);
     assert.ok(await tab.isHidden('#vellumo-send'));
@@ -256,6 +271,17 @@ test('a page that the test was put into keeps what it has', async () => {
   assert.equal(await tab.textContent('#vellumo-total-score .score'), '2');
   clean(tab);
   await tab.context().close();
+});
+
+test('a page into which tests were put twice says so and gives none of them', async () => {
+  for (const [template, area] of [['HTML Template', 'vellumo'], ['Paper Template', 'vellumo-paper']]) {
+    const options = ['--template', web.template(template)];
+    const once = smallPage(...options);
+    const tab = await web.open(browser, smallPage(...options, '--insert-into', once, '--before', '</body>'));
+    assert.match(await tab.innerText(`#${area}-damaged >> nth=0`), /^More than one test /);
+    assert.equal(await tab.locator(`#${area}-test:visible`).count(), 0);
+    await tab.context().close();
+  }
 });
 
 test('without JavaScript the page says what it needs', async () => {
