@@ -8,6 +8,6 @@ class SpreadsheetExporter {
   public:
     virtual ~SpreadsheetExporter() = default;
 
-    /// Exports the session's results and sets its SpreadsheetExported once they are in the workbook.
+    /// Exports the session's results. Sets its SpreadsheetExported when it comes to saving, which may still fail.
     virtual Result Export(Session& session) = 0;
 };

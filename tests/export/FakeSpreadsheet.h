@@ -5,15 +5,21 @@
 #include <QMap>
 #include <QStringList>
 
+#include <map>
+
 /// What a spreadsheet application holds and is asked for, over its instances.
 struct SpreadsheetLog {
     QStringList Calls;
-    QMap<std::pair<int, int>, CellValue> Grid;
+    std::map<std::pair<int, int>, CellValue> Grid;
     /// The member, by its name in Calls without argument, that fails, and how.
     QMap<QString, SpreadsheetError> Failures;
 
+    CellValue Cell(int row, int column) const {
+        const auto found = Grid.find({row, column});
+        return found == Grid.end() ? CellValue() : found->second;
+    }
     QString Text(int row, int column) const {
-        const CellValue value = Grid.value({row, column});
+        const CellValue value = Cell(row, column);
         if (const double* number = std::get_if<double>(&value))
             return QString::number(*number);
         if (const QDate* date = std::get_if<QDate>(&value))
@@ -38,7 +44,7 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 
     void OpenWorkbook(const QString& path) override { Note(QStringLiteral("Open"), path); }
     void AddWorkbook() override { Note(QStringLiteral("Add")); }
-    CellValue Cells(int row, int column) override { return log_.Grid.value({row, column}); }
+    CellValue Cells(int row, int column) override { return log_.Cell(row, column); }
     void SetCells(int row, int column, const CellValue& value) override {
         const QString* text = std::get_if<QString>(&value);
         log_.Grid[{row, column}] = text && text->isEmpty() ? CellValue() : value;

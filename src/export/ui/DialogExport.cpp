@@ -49,7 +49,6 @@ QLayout* DialogExport::MakeFileRow() {
     label->setBuddy(Text1_);
     Command1_ = Named(new QPushButton(QStringLiteral("Browse...")), QStringLiteral("Command1"));
     Command1_->setAccessibleName(QStringLiteral("Find An Excel File For Export"));
-    Command1_->setAutoDefault(false);
     connect(Command1_, &QPushButton::clicked, this, &DialogExport::Command1_Click);
 
     auto* box = new QHBoxLayout;

@@ -3,6 +3,15 @@
 #include "export/ui/DialogExport.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QWindow>
+
+namespace {
+
+/// In milliseconds.
+constexpr int LongestPlacing = 200;
+
+} // namespace
 
 QtExportWindows::~QtExportWindows() { CloseSteps(); }
 
@@ -18,10 +27,23 @@ void QtExportWindows::ShowStep(const QString& caption) {
         steps_ = new DialogExcel(QApplication::activeWindow());
     steps_->SetCaption(caption);
     steps_->show();
-    StayPainted();
+    // A window that has just been shown can only be painted when the desktop has placed it.
+    QElapsedTimer sinceShown;
+    sinceShown.start();
+    do
+        StayPainted();
+    while (!steps_->windowHandle()->isExposed() && sinceShown.elapsed() < LongestPlacing);
     steps_->repaint();
 }
 
-void QtExportWindows::CloseSteps() { delete steps_.data(); }
+void QtExportWindows::CloseSteps() {
+    if (!steps_)
+        return;
+    QWidget* owner = steps_->parentWidget();
+    delete steps_.data();
+    // A message box over the steps takes the focus with it into nothing.
+    if (owner)
+        owner->activateWindow();
+}
 
 void QtExportWindows::StayPainted() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }

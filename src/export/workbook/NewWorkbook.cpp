@@ -41,7 +41,9 @@ const QByteArray WorkbookItself = "<workbook xmlns=\"" SCHEMAS "spreadsheetml/20
                                   "<bookViews><workbookView activeTab=\"0\"/></bookViews>"
                                   "<sheets><sheet name=\"Results\" sheetId=\"1\" r:id=\"rId1\"/></sheets></workbook>";
 
-const QByteArray Sheet = "<worksheet xmlns=\"" SCHEMAS "spreadsheetml/2006/main\"><sheetData/></worksheet>";
+// At the usual width a date would be shown as "###".
+const QByteArray Sheet = "<worksheet xmlns=\"" SCHEMAS "spreadsheetml/2006/main\">"
+                         "<sheetFormatPr defaultColWidth=\"14\" defaultRowHeight=\"15\"/><sheetData/></worksheet>";
 
 } // namespace
 

@@ -30,6 +30,5 @@ void AddFormRow(QGridLayout* grid, const QString& caption, QWidget* box, QWidget
 QPushButton* MakeBrowseButton(const QString& name, const QString& accessibleName) {
     auto* button = Named(new QPushButton(QStringLiteral("Browse...")), name);
     button->setAccessibleName(accessibleName);
-    button->setAutoDefault(false);
     return button;
 }

@@ -44,7 +44,6 @@ QLayout* DialogAutoReport::MakeFileRow() {
     label->setBuddy(Text1_);
     Command1_ = Named(new QPushButton(QStringLiteral("Browse...")), QStringLiteral("Command1"));
     Command1_->setAccessibleName(QStringLiteral("Select File For Autoreport"));
-    Command1_->setAutoDefault(false);
     connect(Command1_, &QPushButton::clicked, this, &DialogAutoReport::Command1_Click);
 
     auto* box = new QHBoxLayout;
