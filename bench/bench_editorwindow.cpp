@@ -76,6 +76,23 @@ BENCHMARK_CAPTURE(TypeALetter, question, 3, "txtQuestion")->Unit(benchmark::kMil
 BENCHMARK_CAPTURE(TypeALetter, totalText, 4, "txtTotText")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(TypeALetter, reportFile, 6, "Text1")->Unit(benchmark::kMillisecond);
 
+/// At the end of one paragraph of 30,000 letters, as after a paste.
+void TypeBehindALongParagraph(benchmark::State& state) {
+    OpenEditor editor;
+    editor.Choose(0);
+    auto& box = editor.The<TextBox>(QStringLiteral("txtIntroduction"));
+    box.SetText(QStringLiteral("word ").repeated(6000));
+    box.moveCursor(QTextCursor::End);
+    box.setFocus();
+    OpenEditor::Settle();
+    for (auto _ : state) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_1, Qt::NoModifier, QStringLiteral("1"));
+        QCoreApplication::sendEvent(&box, &key);
+        OpenEditor::Settle();
+    }
+}
+BENCHMARK(TypeBehindALongParagraph)->Unit(benchmark::kMillisecond);
+
 void ClickTheButton(benchmark::State& state, int tab, const char* name) {
     OpenEditor editor;
     editor.Choose(tab);
