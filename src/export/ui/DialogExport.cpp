@@ -2,6 +2,7 @@
 
 #include "export/WorkbookPath.h"
 #include "platform/Directories.h"
+#include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
@@ -42,24 +43,10 @@ DialogExport::DialogExport(ExportForm& form, FileChooser& chooser, Navigator& na
 }
 
 QLayout* DialogExport::MakeFileRow() {
-    const QString caption = QStringLiteral("Excel File For Export");
-    auto* label = new QLabel(caption);
     Text1_ = Named(new QLineEdit(form_.FilePath()), QStringLiteral("Text1"));
-    Text1_->setAccessibleName(caption);
-    label->setBuddy(Text1_);
-    Command1_ = Named(new QPushButton(QStringLiteral("Browse...")), QStringLiteral("Command1"));
-    Command1_->setAccessibleName(QStringLiteral("Find An Excel File For Export"));
+    Command1_ = MakeBrowseButton(QStringLiteral("Command1"), QStringLiteral("Find An Excel File For Export"));
     connect(Command1_, &QPushButton::clicked, this, &DialogExport::Command1_Click);
-
-    auto* box = new QHBoxLayout;
-    box->setSpacing(GridUnit);
-    box->addWidget(Text1_, 1);
-    box->addWidget(Command1_);
-    auto* row = new QVBoxLayout;
-    row->setSpacing(GridUnit);
-    row->addWidget(label);
-    row->addLayout(box);
-    return row;
+    return BoxWithButton(QStringLiteral("Excel File For Export"), Text1_, Command1_);
 }
 
 QWidget* DialogExport::MakeInclude() {
@@ -88,12 +75,7 @@ QLayout* DialogExport::MakeButtons() {
     connect(OKButton_, &QPushButton::clicked, this, &DialogExport::OKButton_Click);
     CancelButton_ = Named(new QPushButton(QStringLiteral("Cancel")), QStringLiteral("CancelButton"));
     connect(CancelButton_, &QPushButton::clicked, this, &DialogExport::CancelButton_Click);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(GridUnit);
-    buttons->addStretch(1);
-    buttons->addWidget(OKButton_);
-    buttons->addWidget(CancelButton_);
-    return buttons;
+    return ButtonRow({OKButton_, CancelButton_});
 }
 
 // One that is there is appended to; the name of one that isn't is typed into the box.

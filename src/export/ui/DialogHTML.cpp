@@ -119,12 +119,7 @@ QLayout* DialogHTML::MakeButtons() {
     CancelButton_ = Named(new QPushButton(QStringLiteral("Cancel")), QStringLiteral("CancelButton"));
     CancelButton_->setAutoDefault(false);
     connect(CancelButton_, &QPushButton::clicked, this, &DialogHTML::CancelButton_Click);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(GridUnit);
-    buttons->addStretch(1);
-    buttons->addWidget(OKButton_);
-    buttons->addWidget(CancelButton_);
-    return buttons;
+    return ButtonRow({OKButton_, CancelButton_});
 }
 
 void DialogHTML::Form_Load() {

@@ -32,3 +32,27 @@ QPushButton* MakeBrowseButton(const QString& name, const QString& accessibleName
     button->setAccessibleName(accessibleName);
     return button;
 }
+
+QLayout* BoxWithButton(const QString& caption, QLineEdit* box, QPushButton* button) {
+    auto* label = new QLabel(caption);
+    box->setAccessibleName(caption);
+    label->setBuddy(box);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(GridUnit);
+    row->addWidget(box, 1);
+    row->addWidget(button);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(GridUnit);
+    column->addWidget(label);
+    column->addLayout(row);
+    return column;
+}
+
+QLayout* ButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(GridUnit);
+    row->addStretch(1);
+    for (QPushButton* button : buttons)
+        row->addWidget(button);
+    return row;
+}

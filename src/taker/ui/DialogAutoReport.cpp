@@ -1,6 +1,7 @@
 #include "taker/ui/DialogAutoReport.h"
 
 #include "platform/Directories.h"
+#include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
@@ -37,24 +38,10 @@ DialogAutoReport::DialogAutoReport(AutoReportForm& form, const Session& session,
 }
 
 QLayout* DialogAutoReport::MakeFileRow() {
-    const QString caption = QStringLiteral("Report File Name:");
-    auto* label = new QLabel(caption);
     Text1_ = Named(new QLineEdit(form_.FilePath()), QStringLiteral("Text1"));
-    Text1_->setAccessibleName(caption);
-    label->setBuddy(Text1_);
-    Command1_ = Named(new QPushButton(QStringLiteral("Browse...")), QStringLiteral("Command1"));
-    Command1_->setAccessibleName(QStringLiteral("Select File For Autoreport"));
+    Command1_ = MakeBrowseButton(QStringLiteral("Command1"), QStringLiteral("Select File For Autoreport"));
     connect(Command1_, &QPushButton::clicked, this, &DialogAutoReport::Command1_Click);
-
-    auto* box = new QHBoxLayout;
-    box->setSpacing(GridUnit);
-    box->addWidget(Text1_, 1);
-    box->addWidget(Command1_);
-    auto* row = new QVBoxLayout;
-    row->setSpacing(GridUnit);
-    row->addWidget(label);
-    row->addLayout(box);
-    return row;
+    return BoxWithButton(QStringLiteral("Report File Name:"), Text1_, Command1_);
 }
 
 QWidget* DialogAutoReport::MakeOptions() {

@@ -1,5 +1,6 @@
 #include "taker/ui/frmOptionsTest.h"
 
+#include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
@@ -65,12 +66,7 @@ QLayout* frmOptionsTest::MakeButtons() {
     connect(OKButton_, &QPushButton::clicked, this, &frmOptionsTest::OKButton_Click);
     CancelButton_ = Named(new QPushButton(QStringLiteral("Cancel")), QStringLiteral("CancelButton"));
     connect(CancelButton_, &QPushButton::clicked, this, &frmOptionsTest::CancelButton_Click);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(GridUnit);
-    buttons->addStretch(1);
-    buttons->addWidget(OKButton_);
-    buttons->addWidget(CancelButton_);
-    return buttons;
+    return ButtonRow({OKButton_, CancelButton_});
 }
 
 void frmOptionsTest::OKButton_Click() {
