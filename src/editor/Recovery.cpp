@@ -60,15 +60,18 @@ void Recovery::End() {
     editing_ = false;
 }
 
-void Recovery::GoOnWith(const RecoveredTest& left) {
+bool Recovery::GoOnWith(const RecoveredTest& left) {
+    auto lock = LockFor(left.Path);
+    if (!lock->tryLock(0))
+        return false;
     LetGo();
     editing_ = true;
     // Nothing is known of the file, so any state of the document is a change.
     inFile_.clear();
     kept_ = ToSnapshot(left.Test);
     path_ = left.Path;
-    lock_ = LockFor(path_);
-    lock_->tryLock(0);
+    lock_ = std::move(lock);
+    return true;
 }
 
 bool Recovery::HasChanges(const TestDocument& test) const { return ToSnapshot(test) != inFile_; }

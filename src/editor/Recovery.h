@@ -30,7 +30,8 @@ class Recovery {
     /// isn't the person's work. A copy stays as with Begin.
     void End();
     /// Goes on with a copy that was left, which stays until it is saved or dropped.
-    void GoOnWith(const RecoveredTest& left);
+    /// False when another program has taken it meanwhile.
+    bool GoOnWith(const RecoveredTest& left);
     /// Whether the document differs from what is in its file.
     bool HasChanges(const TestDocument& test) const;
     /// Brings the copy up to date: writes it when the document has changed, and drops it when it is as it was in its

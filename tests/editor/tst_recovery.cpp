@@ -116,7 +116,8 @@ void tst_recovery::Left_ProgramEndedWithChanges_ToTheLetter() {
     QCOMPARE(left->KeptAt.time(), QTime(14, 5));
 
     // Going on with it keeps it until it is saved.
-    next.GoOnWith(*left);
+    QVERIFY(next.GoOnWith(*left));
+    QVERIFY(!Run().GoOnWith(*left)); // one program at a time
     QVERIFY(next.Keep(left->Test).Ok());
     QVERIFY(!Run().Left());
     next.Drop(left->Test);

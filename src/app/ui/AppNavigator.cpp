@@ -187,8 +187,10 @@ bool AppNavigator::OfferLeftTest() {
     default:
         return false;
     }
+    // Another program may have been quicker; the test is in its editor then.
+    if (!copies_.GoOnWith(*left))
+        return false;
     parts_.Run.Test = left->Test;
-    copies_.GoOnWith(*left);
     editor_ = MakeEditor();
     editor_->LoadRecovered();
     BringUp(*editor_);
