@@ -16,7 +16,7 @@ class NoChooser : public FileChooser {
     QString ChooseFolder(const QString&, const QString&) override { return {}; }
 };
 class NoLauncher : public Launcher {
-    Result Open(const QString&, const QString&) override { return Result::Done(); }
+    Result Open(const QString&, const QString&, WindowState) override { return Result::Done(); }
 };
 class NoOffice : public OfficeProbe {
     QString QueryRegistryString(RegistryRoot, const QString&, const QString&) const override { return {}; }

@@ -1,7 +1,7 @@
 #include "app/ui/AppNavigator.h"
 #include "app/ui/GuardedApplication.h"
+#include "export/SystemSpreadsheet.h"
 #include "export/ui/QtExportWindows.h"
-#include "export/workbook/BuiltInSpreadsheet.h"
 #include "platform/SystemPorts.h"
 #include "platform/ui/QtClipboard.h"
 #include "platform/ui/QtFileChooser.h"
@@ -30,10 +30,10 @@ void TellThatThereIsNoDisplay(QtMsgType type, const QMessageLogContext&, const Q
 }
 
 KnownFolders FoldersOfThisMachine() {
-    const QString program = QCoreApplication::applicationDirPath();
+    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
     const QDir shared(program + QStringLiteral("/../share/vellumo/samples"));
-    return {program, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-            shared.exists() ? shared.canonicalPath() : program};
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return {program, QDir::toNativeSeparators(documents), shared.exists() ? shared.canonicalPath() : program};
 }
 
 } // namespace
@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
     SystemClock clock;
     const auto store = MakeUserSettingsStore();
     const auto launcher = MakeLauncher();
-    const auto office = MakeOfficeProbe();
+    const auto office = MakeOfficeProbe(prompts);
     const auto word = MakeWordProcessor();
 
     Session session;
@@ -82,12 +82,8 @@ int main(int argc, char** argv) {
                             [] { QCoreApplication::quit(); },
                             copies});
     QtExportWindows exportWindows(chooser, navigator);
-    // Where there is a spreadsheet application to drive, its automation takes the place of the built-in one.
-    const AttachSpreadsheet spreadsheet = [&launcher] {
-        return std::make_unique<BuiltInSpreadsheet>(
-            BuiltInSpreadsheetParts{launcher.get(), WorkbookViewerProgram(), QtExportWindows::StayPainted});
-    };
-    SpreadsheetExport exporter(prompts, clock, *office, spreadsheet, exportWindows);
+    SpreadsheetExport exporter(prompts, clock, *office, SystemSpreadsheet(launcher.get(), QtExportWindows::StayPainted),
+                               exportWindows);
     navigator.UseExporter(exporter);
     navigator.Start();
     return navigator.Ended() ? 0 : QApplication::exec();

@@ -1,14 +1,14 @@
 #include "cli/WorkbookRows.h"
 
 #include "export/SpreadsheetExport.h"
-#include "export/workbook/BuiltInSpreadsheet.h"
+#include "export/SystemSpreadsheet.h"
 
 #include <QFileInfo>
 
 WorkbookRows::WorkbookRows(const QString& path, const TestDocument& test, const ReportContext& context)
     : path_(path),
       date_(context.Now.date()),
-      application_(std::make_unique<BuiltInSpreadsheet>(BuiltInSpreadsheetParts())),
+      application_(SystemSpreadsheet()()),
       columns_(ResultColumnsOf(test, context.QuestionPrefix, context.QuestionSuffix)) {
     isNew_ = !QFileInfo::exists(path);
     try {

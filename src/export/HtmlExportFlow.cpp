@@ -54,7 +54,7 @@ bool HtmlExportFlow::Export(const HtmlExportForm& form) {
         return false;
     }
     const QString& browser = parts_.Run.UserSettings.DefaultBrowser;
-    if (const Result shown = parts_.Programs.Open(browser, form.TargetPath); !shown)
+    if (const Result shown = parts_.Programs.Open(browser, form.TargetPath, WindowState::Minimized); !shown)
         parts_.Boxes.Inform(shown.Message());
     return true;
 }

@@ -1,7 +1,9 @@
 #include "export/HtmlPage.h"
 
 #include "base/Text.h"
+#include "platform/CodePage.h"
 #include "platform/SafeFile.h"
+#include "platform/Windows1252.h"
 #include "settings/Settings.h"
 
 #include <QRegularExpression>
@@ -40,10 +42,10 @@ bool IsWindows1252(const QString& name) {
     return names.contains(name);
 }
 
-/// The bytes in the code page, or nothing when a character doesn't fit it.
-std::optional<QByteArray> InCodePage(const QString& text) {
+/// The bytes that an encoder of a single-byte page gives, or nothing when a character doesn't fit it.
+std::optional<QByteArray> Fitting(QByteArray (*encode)(const QString&, bool*), const QString& text) {
     bool fits = false;
-    const QByteArray bytes = EncodeCodePage(text, &fits);
+    const QByteArray bytes = encode(text, &fits);
     return fits ? std::optional(bytes) : std::nullopt;
 }
 
@@ -72,11 +74,11 @@ Result ReadHostPage(const QString& path, HostPage& host) {
     if (const Result read = ReadTextFile(path, MaxHostBytes, file); !read)
         return Result::Failed(QStringLiteral("Can't read the page '") + path + QStringLiteral("': ") + read.Message());
     const QString declared = DeclaredEncoding(file.Text);
-    if (file.Encoding == TextEncoding::CodePage && !declared.isEmpty() && !IsUtf8(declared) &&
-        !IsWindows1252(declared)) {
-        // Every byte has its own character in the code page, so the way back gives the file's bytes.
+    if (file.Encoding == TextEncoding::CodePage && IsWindows1252(declared)) {
+        file.Text = DecodeWindows1252(file.Bytes);
+    } else if (file.Encoding == TextEncoding::CodePage && !declared.isEmpty() && !IsUtf8(declared)) {
         QStringDecoder decoder(declared.toLatin1().constData());
-        const QString text = decoder.isValid() ? decoder.decode(EncodeCodePage(file.Text)) : QString();
+        const QString text = decoder.isValid() ? decoder.decode(file.Bytes) : QString();
         if (!text.isEmpty() && !decoder.hasError())
             file.Text = text;
     }
@@ -99,11 +101,11 @@ QByteArray EncodePage(const QString& text, TextEncoding hostEncoding) {
         return (hostEncoding == TextEncoding::Utf8WithMark ? mark : QByteArray()) + text.toUtf8();
     std::optional<QByteArray> bytes;
     if (IsWindows1252(declared))
-        bytes = InCodePage(text);
+        bytes = Fitting(EncodeWindows1252, text);
     else if (!declared.isEmpty())
         bytes = InEncoding(text, declared);
     else if (hostEncoding != TextEncoding::Utf8WithMark)
-        bytes = InCodePage(text);
+        bytes = Fitting(EncodeCodePage, text);
     // Where nothing is declared, bytes that would be read as UTF-8 stand for other letters.
     if (bytes && declared.isEmpty() && DecodeText(*bytes).Text != text)
         bytes.reset();

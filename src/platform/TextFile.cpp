@@ -1,5 +1,6 @@
 #include "platform/TextFile.h"
 
+#include "platform/CodePage.h"
 #include "platform/LocaleEncoding.h"
 
 #include <QFile>
@@ -7,40 +8,9 @@
 #include <QLocale>
 #include <QStringConverter>
 
-#include <array>
 #include <cerrno>
 
 namespace {
-
-// The letters of windows-1252 from 0x80 to 0x9F; 0 where the byte has none and stands for itself.
-constexpr std::array<char16_t, 32> HighLetters{0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                               0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                               0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                               0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-char16_t LetterOf(uchar byte) {
-    if (byte < 0x80 || byte > 0x9F)
-        return byte;
-    const char16_t letter = HighLetters[byte - 0x80u];
-    return letter != 0 ? letter : byte;
-}
-
-/// The byte of a character, -1 when windows-1252 has none.
-int ByteOf(char16_t letter) {
-    if (letter < 0x80 || (letter > 0x9F && letter <= 0xFF))
-        return letter;
-    for (size_t i = 0; i < HighLetters.size(); ++i)
-        if (HighLetters[i] == letter || (HighLetters[i] == 0 && letter == 0x80 + i))
-            return static_cast<int>(0x80 + i);
-    return -1;
-}
-
-QString DecodeCodePage(const QByteArray& bytes) {
-    QString text(bytes.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < bytes.size(); ++i)
-        text[i] = QChar(LetterOf(static_cast<uchar>(bytes[i])));
-    return text;
-}
 
 bool HasHighByte(const QByteArray& bytes) {
     for (const char byte : bytes)
@@ -77,12 +47,12 @@ TextOfFile DecodeText(const QByteArray& bytes) {
         QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
         const QString text = decoder.decode(marked ? bytes.mid(3) : bytes);
         if (marked)
-            return {text, TextEncoding::Utf8WithMark};
+            return {text, TextEncoding::Utf8WithMark, bytes};
         // Bytes that end in the middle of a character are no error to the decoder, so the way back decides.
         if (!decoder.hasError() && text.toUtf8() == bytes)
-            return {text, TextEncoding::Utf8};
+            return {text, TextEncoding::Utf8, bytes};
     }
-    return {DecodeCodePage(bytes), TextEncoding::CodePage};
+    return {DecodeCodePage(bytes), TextEncoding::CodePage, bytes};
 }
 
 Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file) {
@@ -107,20 +77,6 @@ Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file) {
         return Result::Failed(reason);
     file = DecodeText(bytes);
     return Result::Done();
-}
-
-QByteArray EncodeCodePage(const QString& text, bool* fits) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    bool all = true;
-    for (const QChar c : text) {
-        const int byte = ByteOf(c.unicode());
-        all = all && byte >= 0;
-        bytes += byte >= 0 ? static_cast<char>(byte) : '?';
-    }
-    if (fits)
-        *fits = all;
-    return bytes;
 }
 
 std::optional<QByteArray> EncodeTestText(const QString& text) {

@@ -7,13 +7,14 @@
 
 #include <optional>
 
-/// How the characters of a text file are written as bytes. CodePage is the system's ANSI code page on Windows and
-/// windows-1252 elsewhere, whose five undefined bytes stand for themselves.
+/// How the characters of a text file are written as bytes. CodePage is the one of platform/CodePage.h.
 enum class TextEncoding { CodePage, Utf8, Utf8WithMark };
 
 struct TextOfFile {
     QString Text;
     TextEncoding Encoding = TextEncoding::CodePage;
+    /// What the text was made of.
+    QByteArray Bytes = {};
 };
 
 /// A test file past this many bytes is refused without being read: 32,767 characters of at most three bytes, written
@@ -27,10 +28,6 @@ TextOfFile DecodeText(const QByteArray& bytes);
 /// Reads a text file of at most maxBytes. Fails, with the reason alone, when it can't be read, is no regular file, is
 /// longer, or holds control characters that no text has; then file stays as it was.
 Result ReadTextFile(const QString& path, qint64 maxBytes, TextOfFile& file);
-
-/// The text in windows-1252 (away from Windows) or the system's code page. Sets fits to false, if it is given, when a
-/// character had to be replaced.
-QByteArray EncodeCodePage(const QString& text, bool* fits = nullptr);
 
 /// The text of a test file as bytes that are read back as the same text: in the code page where every character fits it
 /// and the bytes aren't taken for UTF-8, and in UTF-8 otherwise. Nothing for half a surrogate pair, which no encoding

@@ -9,7 +9,7 @@
 DefaultFolders ChooseDefaultFolders(const KnownFolders& known) {
     if (QFileInfo(known.ProgramFolder).isWritable())
         return {known.ProgramFolder, known.ProgramFolder};
-    return {known.ProgramFolder, QDir(known.Documents).filePath(QStringLiteral("Vellumo"))};
+    return {known.ProgramFolder, QDir::toNativeSeparators(QDir(known.Documents).filePath(QStringLiteral("Vellumo")))};
 }
 
 void PrepareWorkingDirectory(const DefaultFolders& folders, const KnownFolders& known) {

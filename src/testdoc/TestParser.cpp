@@ -414,7 +414,6 @@ Result OpenTest(TestDocument& test, const QString& path) {
 }
 
 QString AbsolutePath(const QString& path) {
-    if (QDir::isAbsolutePath(path))
-        return path;
-    return QDir::cleanPath(QDir::currentPath() + u'/' + path);
+    return QDir::toNativeSeparators(QDir::isAbsolutePath(path) ? path
+                                                               : QDir::cleanPath(QDir::currentPath() + u'/' + path));
 }

@@ -211,7 +211,8 @@ class tst_dialoghtml : public QObject {
         QVERIFY(!dialog.StaysOnOk(dialog.Path("new.html")));
         QCOMPARE(BytesOf(dialog.Path("new.html")), Page);
         QCOMPARE(dialog.launcher.Starts,
-                 (QList<RecordingLauncher::Start>{{QStringLiteral("browser"), dialog.Path("new.html")}}));
+                 (QList<RecordingLauncher::Start>{
+                     {QStringLiteral("browser"), dialog.Path("new.html"), WindowState::Minimized}}));
     }
 
     void Ok_NoTarget_Asks() {

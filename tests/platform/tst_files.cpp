@@ -1,3 +1,4 @@
+#include "platform/CodePage.h"
 #include "platform/Directories.h"
 #include "platform/FileNames.h"
 #include "platform/SafeFile.h"

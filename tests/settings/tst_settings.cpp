@@ -2,6 +2,7 @@
 #include "platform/unix/IniSettingsStore.h"
 #include "settings/DefaultFolders.h"
 #include "support/MemorySettingsStore.h"
+#include "support/ScriptedPrompts.h"
 
 #include <QtTest>
 
@@ -184,7 +185,8 @@ void tst_settings::DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples()
 }
 
 void tst_settings::OfficeProbe_Keys_Installed() {
-    const auto probe = MakeOfficeProbe();
+    ScriptedPrompts prompts;
+    const auto probe = MakeOfficeProbe(prompts);
     QVERIFY(probe->ApplicationInstalled(SpreadsheetKey, QString()));
     QVERIFY(!probe->ApplicationInstalled(QStringLiteral("Other\\CurVer"), QString()));
 

@@ -10,11 +10,12 @@ class RecordingLauncher : public Launcher {
     struct Start {
         QString Program;
         QString Path;
+        WindowState Window = WindowState::Normal;
         bool operator==(const Start&) const = default;
     };
 
-    Result Open(const QString& program, const QString& path) override {
-        Starts.append({program, path});
+    Result Open(const QString& program, const QString& path, WindowState window) override {
+        Starts.append({program, path, window});
         return FailWith.isEmpty() ? Result::Done() : Result::Failed(FailWith);
     }
 

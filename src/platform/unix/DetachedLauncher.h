@@ -4,5 +4,5 @@
 
 class DetachedLauncher : public Launcher {
   public:
-    Result Open(const QString& program, const QString& path) override;
+    Result Open(const QString& program, const QString& path, WindowState window) override;
 };

@@ -14,7 +14,7 @@ std::unique_ptr<SettingsStore> MakeUserSettingsStore() {
 
 std::unique_ptr<Launcher> MakeLauncher() { return std::make_unique<DetachedLauncher>(); }
 
-std::unique_ptr<OfficeProbe> MakeOfficeProbe() { return std::make_unique<PathOfficeProbe>(); }
+std::unique_ptr<OfficeProbe> MakeOfficeProbe(Prompts&) { return std::make_unique<PathOfficeProbe>(); }
 
 std::unique_ptr<WordProcessor> MakeWordProcessor() { return std::make_unique<LibreOfficeWriter>(); }
 

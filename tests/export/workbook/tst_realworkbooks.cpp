@@ -1,8 +1,8 @@
 // Workbooks that Vellumo wrote or appended to, opened by the programs that people open them with. LibreOffice Calc and
 // openpyxl have to be there; tools/install-dependencies installs both.
-#include "export/PackageOf.h"
 #include "export/ResultRows.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
+#include "export/workbook/PackageOf.h"
 #include "support/FailTest.h"
 #include "support/Files.h"
 #include "support/TestText.h"
@@ -20,7 +20,7 @@ namespace {
 
 // Debian's own interpreter: only that one finds Debian's packages.
 const QString Python = QStringLiteral("/usr/bin/python3");
-const QString Script = QStringLiteral(VELLUMO_SOURCE_DIR "/tests/export/workbooks.py");
+const QString Script = QStringLiteral(VELLUMO_SOURCE_DIR "/tests/export/workbook/workbooks.py");
 
 /// Runs a program to its end; its output, or a failed test.
 QByteArray OutputOf(const QString& program, const QStringList& arguments) {

@@ -1,5 +1,5 @@
-#include "export/PackageOf.h"
 #include "export/workbook/CellXml.h"
+#include "export/workbook/PackageOf.h"
 #include "export/workbook/Workbook.h"
 #include "export/workbook/WorkbookError.h"
 

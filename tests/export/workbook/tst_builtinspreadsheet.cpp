@@ -1,5 +1,5 @@
-#include "export/PackageOf.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
+#include "export/workbook/PackageOf.h"
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
 #include "support/RecordingLauncher.h"

@@ -1,0 +1,16 @@
+# Puts icon, version and manifest into a Windows program.
+function(add_windows_resources PROGRAM)
+    set(PROGRAM_NAME ${PROGRAM})
+    if(PROGRAM STREQUAL "vellumo")
+        set(PROGRAM_DESCRIPTION "Vellumo")
+    else()
+        set(PROGRAM_DESCRIPTION "Vellumo for the command line")
+    endif()
+    string(REPLACE "." "," VERSION_NUMBERS "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.0.0")
+    set(FOLDER ${CMAKE_SOURCE_DIR}/packaging/windows)
+    set(ICON ${CMAKE_SOURCE_DIR}/packaging/icon/vellumo.ico)
+    configure_file(${FOLDER}/program.rc.in ${CMAKE_BINARY_DIR}/${PROGRAM}.rc @ONLY)
+    set_property(SOURCE ${CMAKE_BINARY_DIR}/${PROGRAM}.rc APPEND PROPERTY
+        OBJECT_DEPENDS "${ICON};${FOLDER}/program.manifest")
+    target_sources(${PROGRAM} PRIVATE ${CMAKE_BINARY_DIR}/${PROGRAM}.rc)
+endfunction()
