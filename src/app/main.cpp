@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLocale>
 #include <QStandardPaths>
 
@@ -36,6 +37,13 @@ KnownFolders FoldersOfThisMachine() {
     return {program, QDir::toNativeSeparators(documents), shared.exists() ? shared.canonicalPath() : program};
 }
 
+QIcon IconOfTheProgram() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/icon/vellumo-%1.png").arg(size));
+    return icon;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -47,6 +55,8 @@ int main(int argc, char** argv) {
     // Without it Qt would add the program's name to every window title.
     QGuiApplication::setApplicationDisplayName(QStringLiteral(""));
     QCoreApplication::setApplicationVersion(QLatin1String(VELLUMO_VERSION));
+    QGuiApplication::setWindowIcon(IconOfTheProgram());
+    QGuiApplication::setDesktopFileName(QStringLiteral("vellumo"));
     QLocale::setDefault(QLocale::system());
 #ifndef Q_OS_WIN
     QApplication::setStyle(QStringLiteral("Fusion"));
