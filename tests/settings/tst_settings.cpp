@@ -1,8 +1,5 @@
-#include "platform/SystemPorts.h"
-#include "platform/unix/IniSettingsStore.h"
 #include "settings/DefaultFolders.h"
 #include "support/MemorySettingsStore.h"
-#include "support/ScriptedPrompts.h"
 
 #include <QtTest>
 
@@ -22,28 +19,30 @@ class tst_settings : public QObject {
     void LoadSettings_BadFlag_KeepsDefault();
     void PeekSettings_FirstRun_NothingWritten();
     void RestoreDefaults_AdministratorName_Kept();
-    void IniStore_Texts_ComeBackExactly();
-    void IniStore_ReadOnlyPlace_WriteFails();
-    void IniStore_PlaceMended_WritesAgain();
     void DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples();
-    void OfficeProbe_Keys_Installed();
 };
 
 void tst_settings::LoadSettings_FirstRun_DefaultsWritten() {
-    QTemporaryDir folder;
-    IniSettingsStore store(folder.filePath(QStringLiteral("v.ini")));
+#ifdef Q_OS_WIN
+    constexpr const char* editor = "notepad.exe";
+    constexpr const char* browser = "explorer.exe";
+#else
+    constexpr const char* editor = "xdg-open";
+    constexpr const char* browser = "xdg-open";
+#endif
+    MemorySettingsStore store;
     Settings settings;
     QVERIFY(LoadSettings(settings, store, Folders));
     const std::pair<const char*, const char*> expected[] = {
         {"globaloptionQuestionPrefix", "Q."},
         {"globaloptionQuestionSuffix", " "},
-        {"defaulteditor", "xdg-open"},
+        {"defaulteditor", editor},
         {"defaultdirectory", "/work"},
         {"NamePersist", "True"},
         {"AdministratorName", ""},
         {"CarriageReturn", "False"},
         {"defaultHTMLTemplate", "HTML Template.vlx"},
-        {"defaultBrowser", "xdg-open"},
+        {"defaultBrowser", browser},
         {"defaultEmail", "someone@example.com"},
         {"defaultNextPage", "https://www.example.com/vellumo"},
         {"dirhtml", "/program"},
@@ -119,45 +118,6 @@ void tst_settings::RestoreDefaults_AdministratorName_Kept() {
     QCOMPARE(settings.QuestionPrefix, QStringLiteral("Q."));
 }
 
-void tst_settings::IniStore_Texts_ComeBackExactly() {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("deep/v.ini"));
-    const QStringList texts{QStringLiteral(" "),
-                            QStringLiteral("a, b; c"),
-                            QStringLiteral("\"q\" \\ %20"),
-                            QStringLiteral("Zoë 李"),
-                            QStringLiteral("one\r\ntwo"),
-                            QStringLiteral("@Invalid()"),
-                            QString(),
-                            QStringLiteral("True")};
-    for (const QString& text : texts) {
-        QVERIFY(IniSettingsStore(path).Write(QStringLiteral("k"), text));
-        QCOMPARE(IniSettingsStore(path).Read(QStringLiteral("k"), QStringLiteral("none")), text);
-    }
-    for (const QString& made : {path, folder.filePath(QStringLiteral("deep"))})
-        QCOMPARE(QFile::permissions(made) & (QFileDevice::ReadGroup | QFileDevice::ReadOther),
-                 QFileDevice::Permissions());
-}
-
-void tst_settings::IniStore_ReadOnlyPlace_WriteFails() {
-    IniSettingsStore store(QStringLiteral("/etc/passwd/v.ini"));
-    QVERIFY(!store.Write(QStringLiteral("k"), QStringLiteral("x")));
-    QCOMPARE(store.Read(QStringLiteral("other"), QStringLiteral("d")), QStringLiteral("d"));
-}
-
-void tst_settings::IniStore_PlaceMended_WritesAgain() {
-    QTemporaryDir folder;
-    const QString place = folder.filePath(QStringLiteral("place"));
-    QFile obstacle(place);
-    QVERIFY(obstacle.open(QIODevice::WriteOnly));
-    IniSettingsStore store(place + QStringLiteral("/v.ini"));
-    QVERIFY(!store.Write(QStringLiteral("k"), QStringLiteral("x")));
-    QVERIFY(obstacle.remove());
-    QVERIFY(store.Write(QStringLiteral("k"), QStringLiteral("y")));
-    QCOMPARE(IniSettingsStore(place + QStringLiteral("/v.ini")).Read(QStringLiteral("k"), QString()),
-             QStringLiteral("y"));
-}
-
 void tst_settings::DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples() {
     QTemporaryDir folder;
     const QString samples = folder.filePath(QStringLiteral("samples"));
@@ -182,23 +142,6 @@ void tst_settings::DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples()
     QCOMPARE(own.readAll(), "the user's");
 
     QCOMPARE(ChooseDefaultFolders({folder.path(), QStringLiteral("/d"), QString()}).WorkingDirectory, folder.path());
-}
-
-void tst_settings::OfficeProbe_Keys_Installed() {
-    ScriptedPrompts prompts;
-    const auto probe = MakeOfficeProbe(prompts);
-    QVERIFY(probe->ApplicationInstalled(SpreadsheetKey, QString()));
-    QVERIFY(!probe->ApplicationInstalled(QStringLiteral("Other\\CurVer"), QString()));
-
-    QTemporaryDir programs;
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(programs.path()));
-    QVERIFY(!probe->ApplicationInstalled(WordProcessorKey, QString()));
-    QFile writer(programs.filePath(QStringLiteral("lowriter")));
-    QVERIFY(writer.open(QIODevice::WriteOnly) && writer.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner));
-    writer.close();
-    QVERIFY(probe->ApplicationInstalled(WordProcessorKey, QString()));
-    qputenv("PATH", path);
 }
 
 QTEST_GUILESS_MAIN(tst_settings)

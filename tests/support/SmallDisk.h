@@ -1,15 +1,30 @@
 #pragma once
 
+#include <QtGlobal>
+
+#ifdef Q_OS_WIN
+
+/// Windows limits no file of one process, so nothing can be tried there.
+class SmallDisk {
+  public:
+    static constexpr bool IsPossible = false;
+    explicit SmallDisk(qint64) {}
+};
+
+#else
+
 #include <csignal>
 #include <sys/resource.h>
 
 /// While it lives, no file can grow past so many bytes: a write meets its end half way, as on a full disk.
 class SmallDisk {
   public:
-    explicit SmallDisk(rlim_t bytes) {
+    static constexpr bool IsPossible = true;
+
+    explicit SmallDisk(qint64 bytes) {
         getrlimit(RLIMIT_FSIZE, &before_);
         std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit small{bytes, before_.rlim_max};
+        const rlimit small{static_cast<rlim_t>(bytes), before_.rlim_max};
         setrlimit(RLIMIT_FSIZE, &small);
     }
     ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
@@ -19,3 +34,5 @@ class SmallDisk {
   private:
     rlimit before_{};
 };
+
+#endif
