@@ -34,7 +34,6 @@ BrandingText "Vellumo ${VERSION}"
 ShowInstDetails hide
 ShowUninstDetails hide
 AllowSkipFiles off
-SpaceTexts show
 
 VIProductVersion "${VERSION}.0.0"
 VIFileVersion "${VERSION}.0.0"
@@ -120,7 +119,8 @@ Function ${un}HashOfFile
             ${If} $5 <> 0
                 StrCpy $5 0
                 ${Do}
-                    System::Call 'kernel32::RtlMoveMemory(*i 0 .r4, p r3, p 1)'
+                    System::Call '*$3(&i1 .r4)'
+                    IntOp $4 $4 & 0xff
                     IntFmt $4 "%02x" $4
                     StrCpy $R1 "$R1$4"
                     IntPtrOp $3 $3 + 1
@@ -143,26 +143,22 @@ Function ${un}HashOfFile
 FunctionEnd
 !macroend
 
-; From the handle $9 of an open list: $R2 the sum, $R3 the path of the next line; the error flag at its end.
+; From the handle $9 of an open list: $R2 the sum, $R3 the path of the next line, "" at its end.
 !macro NextOfList un
 Function ${un}NextOfList
+    StrCpy $R3 "" ; which it stays at the end
     FileRead $9 $R3
-    ${Unless} ${Errors}
-        StrCpy $R2 $R3 64
-        StrCpy $R3 $R3 "" 66
-        ${Do}
-            StrCpy $R4 $R3 1 -1
-            ${If} $R4 != "$\n"
-            ${AndIf} $R4 != "$\r"
-                ${Break}
-            ${EndIf}
-            StrCpy $R3 $R3 -1
-        ${Loop}
-        ClearErrors
-        ${If} $R3 == ""
-            SetErrors
+    StrCpy $R2 $R3 64
+    StrCpy $R3 $R3 "" 66
+    ${Do}
+        StrCpy $R4 $R3 1 -1
+        ${If} $R4 != "$\n"
+        ${AndIf} $R4 != "$\r"
+            ${Break}
         ${EndIf}
-    ${EndUnless}
+        StrCpy $R3 $R3 -1
+    ${Loop}
+    ClearErrors
 FunctionEnd
 !macroend
 
@@ -255,7 +251,7 @@ Function ListHolds
     ${Unless} ${Errors}
         ${Do}
             Call NextOfList
-            ${If} ${Errors}
+            ${If} $R3 == ""
                 ${Break}
             ${EndIf}
             ${If} $R3 == $0
@@ -279,7 +275,7 @@ Function PlaceListedFiles
     FileOpen $9 "$INSTDIR\${INCOMING}\${LIST}" r
     ${Do}
         Call NextOfList
-        ${If} ${Errors}
+        ${If} $R3 == ""
             ${Break}
         ${EndIf}
         ${If} ${FileExists} "$INSTDIR\$R3"
@@ -312,7 +308,7 @@ Function RemoveDroppedFiles
     ${Unless} ${Errors}
         ${Do}
             Call NextOfList
-            ${If} ${Errors}
+            ${If} $R3 == ""
                 ${Break}
             ${EndIf}
             StrCpy $R5 "$INSTDIR\${INCOMING}\${LIST}"
@@ -532,7 +528,7 @@ Section "Uninstall"
     ${Unless} ${Errors}
         ${Do}
             Call un.NextOfList
-            ${If} ${Errors}
+            ${If} $R3 == ""
                 ${Break}
             ${EndIf}
             StrCpy $R0 "$INSTDIR\$R3"
