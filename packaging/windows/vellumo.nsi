@@ -546,9 +546,11 @@ Section "Uninstall"
     ; Only what is empty by now.
     RMDir "$INSTDIR\help"
     RMDir "$INSTDIR\licences"
+    Delete "$INSTDIR\uninstall.exe"
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
     ; Another copy that was installed later keeps its entries.
     ${If} $0 == $INSTDIR
+    ${OrIfNot} ${FileExists} "$0\uninstall.exe"
         Call un.GiveAssociationBack
         Delete "$SMPROGRAMS\Vellumo.lnk"
         ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "DesktopShortcut"
@@ -557,7 +559,6 @@ Section "Uninstall"
         ${EndIf}
         DeleteRegKey HKCU "${UNINSTALL_KEY}"
     ${EndIf}
-    Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
     Call un.TellWhatStayed
 SectionEnd
