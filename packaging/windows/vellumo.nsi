@@ -1,5 +1,5 @@
 ; The installer of Vellumo for one person, without an administrator's rights: packaging/windows/package calls makensis
-; with VERSION, STAGE (the folder with what is installed), OUTPUT and, when there is one, ICON.
+; with VERSION, STAGE (the folder with what is installed), OUTPUT, ICON, and QUICK where the size doesn't matter.
 ;
 ; The program's folder is the person's first working directory, so tests and reports of the person's own lie in it.
 ; Every file but the two programs is listed in contents.txt with its sum. Installing over an earlier version and
@@ -9,7 +9,11 @@
 
 Target amd64-unicode
 Unicode true
-SetCompressor /SOLID lzma
+!ifdef QUICK
+    SetCompressor zlib
+!else
+    SetCompressor /SOLID lzma
+!endif
 RequestExecutionLevel user
 ManifestDPIAware true
 ManifestSupportedOS Win10
@@ -333,14 +337,12 @@ Section "Vellumo" SecProgram
 
     ClearErrors
     CreateDirectory "$INSTDIR\${INCOMING}"
-    ${IfNot} ${Errors}
-        FileOpen $0 "$INSTDIR\${INCOMING}\writable" w
-        FileClose $0
-    ${EndIf}
+    FileOpen $0 "$INSTDIR\${INCOMING}\writable" w
     ${If} ${Errors}
         !insertmacro GiveUp "You may not write in this folder, or it can't be made:$\r$\n$\r$\n$INSTDIR$\r$\n$\r$\n\
             Nothing was installed. Please start again and choose another folder."
     ${EndIf}
+    FileClose $0
     Delete "$INSTDIR\${INCOMING}\writable"
 
     SetOutPath "$INSTDIR\${INCOMING}"
@@ -471,9 +473,10 @@ Function un.GiveAssociationBack
             ; Not to a program that is gone by now.
             ClearErrors
             EnumRegKey $2 HKCR "$1" 0
-            ReadRegStr $3 HKCR "$1" ""
-            ${If} $2 != ""
-            ${OrIf} $3 != ""
+            EnumRegKey $3 HKCU "${CLASSES}\$1" 0
+            ReadRegStr $4 HKCR "$1" ""
+            ReadRegStr $5 HKCU "${CLASSES}\$1" ""
+            ${If} "$2$3$4$5" != ""
                 WriteRegStr HKCU "${CLASSES}\.vlm" "" $1
             ${EndIf}
         ${EndIf}
