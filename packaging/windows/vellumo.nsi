@@ -56,6 +56,8 @@ Var Kept    ; names of files that were left alone
     !define MUI_ICON "${ICON}"
     !define MUI_UNICON "${ICON}"
 !endif
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${__FILEDIR__}/side.bmp"
+!define MUI_UNWELCOMEFINISHPAGE_BITMAP "${__FILEDIR__}/side.bmp"
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_SMALLDESC
 !define MUI_FINISHPAGE_NOAUTOCLOSE
