@@ -18,7 +18,6 @@ void Journal::Note(const std::wstring& line) const {
     const std::string bytes = Utf8(who_ + L' ' + line + L'\n');
     DWORD written = 0;
     WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    FlushFileBuffers(file);
     CloseHandle(file);
 }
 

@@ -31,6 +31,10 @@
 namespace {
 
 int Serve(const std::wstring& name, bool byUser, int documents) {
+    // Applications have working folders of their own.
+    wchar_t folder[MAX_PATH];
+    GetSystemDirectoryW(folder, MAX_PATH);
+    SetCurrentDirectoryW(folder);
     const bool isSpreadsheet = name == L"spreadsheet";
     Journal journal(RegisteredFolder(), isSpreadsheet ? L"excel" : L"word");
     const Server server = {isSpreadsheet ? SpreadsheetClass : WordProcessorClass, name, journal, [&] {
