@@ -136,8 +136,13 @@ int NumberOf(HRESULT result) {
     throw AutomationError(number, description);
 }
 
-/// An application refuses calls while its user is in the middle of something, such as typing into a cell.
-bool IsBusy(HRESULT result) { return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER; }
+/// What the spreadsheet application's members answer while its user types into a cell.
+constexpr HRESULT UserIsTyping = static_cast<HRESULT>(0x800AC472);
+
+/// An application refuses calls while its user is in the middle of something.
+bool IsBusy(HRESULT result) {
+    return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER || result == UserIsTyping;
+}
 
 template <typename Step> HRESULT Patiently(Step step) {
     QElapsedTimer waited;
