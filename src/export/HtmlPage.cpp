@@ -2,13 +2,12 @@
 
 #include "base/Text.h"
 #include "platform/CodePage.h"
+#include "platform/NamedEncoding.h"
 #include "platform/SafeFile.h"
 #include "platform/Windows1252.h"
 #include "settings/Settings.h"
 
 #include <QRegularExpression>
-#include <QStringDecoder>
-#include <QStringEncoder>
 
 namespace {
 
@@ -49,17 +48,6 @@ std::optional<QByteArray> Fitting(QByteArray (*encode)(const QString&, bool*), c
     return fits ? std::optional(bytes) : std::nullopt;
 }
 
-/// The bytes in another encoding, or nothing when it isn't known here or would change a character.
-std::optional<QByteArray> InEncoding(const QString& text, const QString& name) {
-    QStringEncoder encoder(name.toLatin1().constData());
-    QStringDecoder decoder(name.toLatin1().constData());
-    if (!encoder.isValid() || !decoder.isValid())
-        return std::nullopt;
-    const QByteArray bytes = encoder.encode(text);
-    const QString back = decoder.decode(bytes);
-    return back == text ? std::optional(bytes) : std::nullopt;
-}
-
 } // namespace
 
 QString NewPage(const QString& title, const QString& generated) {
@@ -77,10 +65,8 @@ Result ReadHostPage(const QString& path, HostPage& host) {
     if (file.Encoding == TextEncoding::CodePage && IsWindows1252(declared)) {
         file.Text = DecodeWindows1252(file.Bytes);
     } else if (file.Encoding == TextEncoding::CodePage && !declared.isEmpty() && !IsUtf8(declared)) {
-        QStringDecoder decoder(declared.toLatin1().constData());
-        const QString text = decoder.isValid() ? decoder.decode(file.Bytes) : QString();
-        if (!text.isEmpty() && !decoder.hasError())
-            file.Text = text;
+        if (const auto text = DecodeNamed(file.Bytes, declared); text && !text->isEmpty())
+            file.Text = *text;
     }
     host = {WithLineBreaks(file.Text), file.Encoding};
     return Result::Done();
@@ -103,7 +89,7 @@ QByteArray EncodePage(const QString& text, TextEncoding hostEncoding) {
     if (IsWindows1252(declared))
         bytes = Fitting(EncodeWindows1252, text);
     else if (!declared.isEmpty())
-        bytes = InEncoding(text, declared);
+        bytes = EncodeNamed(text, declared);
     else if (hostEncoding != TextEncoding::Utf8WithMark)
         bytes = Fitting(EncodeCodePage, text);
     // Where nothing is declared, bytes that would be read as UTF-8 stand for other letters.

@@ -46,6 +46,19 @@ void ExportForm::Accept(const QString& filePath, const OptionTicks& ticks) {
     TakeTicks(session_.Test, ticks);
 }
 
+namespace {
+
+/// An application that failed may have gone altogether, which has been told by then.
+void LeaveToUser(SpreadsheetApplication& application) {
+    try {
+        application.SetVisible(true);
+        application.SetUserControl(true);
+    } catch (const SpreadsheetError&) {
+    }
+}
+
+} // namespace
+
 QString WorkbookOpenMessage(const QString& path) {
     return QStringLiteral("Please close Excel. The file '") + path +
            QStringLiteral("' cannot be appended whilst it is open");
@@ -134,8 +147,7 @@ Result SpreadsheetExport::Save(SpreadsheetApplication& application, Session& ses
             application.SaveActiveWorkbook();
     } catch (const SpreadsheetError& failure) {
         prompts_.Inform(SaveFailedMessage(failure));
-        application.SetVisible(true);
-        application.SetUserControl(true);
+        LeaveToUser(application);
         return Result::Done();
     }
     windows_.CloseSteps();

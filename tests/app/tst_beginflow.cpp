@@ -139,8 +139,10 @@ void tst_beginflow::PathOfCommandLine_AnyLine_IsUsedAsItStands_data() {
     QTest::newRow("blanks at its ends") << QString() << " a.vlm " << here + QStringLiteral(" a.vlm ");
     QTest::newRow("in quotes, no such file") << "a b.vlm"
                                              << "\"a b.vlm\"" << here + QStringLiteral("a b.vlm");
+#ifndef Q_OS_WIN // where no file's name holds a quote
     QTest::newRow("in quotes, such a file") << "\"a\""
                                             << "\"a\"" << here + QStringLiteral("\"a\"");
+#endif
     QTest::newRow("more than one pair") << QString() << "\"a\" \"b\"" << here + QStringLiteral("\"a\" \"b\"");
     QTest::newRow("one quote") << QString() << "\"a.vlm" << here + QStringLiteral("\"a.vlm");
 }
@@ -156,7 +158,7 @@ void tst_beginflow::PathOfCommandLine_AnyLine_IsUsedAsItStands() {
     const QString found = PathOfCommandLine(line);
     path.replace(QStringLiteral("HERE"), QDir::currentPath());
     QDir::setCurrent(before);
-    QCOMPARE(found, path);
+    QCOMPARE(QDir::fromNativeSeparators(found), path);
 }
 
 void tst_beginflow::LoadSettingsOnce_SecondTime_KeepsWhatWasApplied() {
@@ -187,7 +189,7 @@ void tst_beginflow::LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSample
     MemorySettingsStore store;
     const DefaultFolders folders = ChooseDefaultFolders(start.Known);
     LoadSettingsOnce(start, session, store, folders);
-    QCOMPARE(session.UserSettings.DefaultDirectory, documents + QStringLiteral("/Vellumo"));
+    QCOMPARE(QDir::fromNativeSeparators(session.UserSettings.DefaultDirectory), documents + QStringLiteral("/Vellumo"));
     QCOMPARE(BytesOf(documents + QStringLiteral("/Vellumo/Mood.vlm")), Mood);
 }
 

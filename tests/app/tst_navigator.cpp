@@ -147,7 +147,8 @@ void tst_navigator::Edit_FromTestWindow_ReplacesIt() {
     Choose(*program.navigator.TestWindow(), QStringLiteral("edittest"));
     QVERIFY(program.navigator.Editor()->isVisible());
     QCOMPARE(program.navigator.Editor()->windowTitle(),
-             QStringLiteral("Vellumo Editor - ") + program.folder.filePath(QStringLiteral("Mood.vlm")));
+             QStringLiteral("Vellumo Editor - ") +
+                 QDir::toNativeSeparators(program.folder.filePath(QStringLiteral("Mood.vlm"))));
     QTRY_COMPARE(VisibleWindows(), 1);
     Click(*program.navigator.Editor(), QStringLiteral("Command2"));
     QVERIFY(program.navigator.StartScreen()->isVisible());

@@ -15,7 +15,6 @@ class tst_testlist : public QObject {
     void ListTests_MixedFolder_ListsTestsByTitleAndBadFilesByReason();
     void ListTests_TitleNotClosed_ThrowsNamingTheFile();
     void ListTests_Always_ClearsTheDocument();
-    void ListTests_ThousandFiles_IsQuick();
     void TextOfPart_AnyTest_IsWhatIsShown_data();
     void TextOfPart_AnyTest_IsWhatIsShown();
     void TextOfPart_TemplateWithElevenAnswers_ShowsTen();
@@ -77,20 +76,6 @@ void tst_testlist::ListTests_Always_ClearsTheDocument() {
     QCOMPARE(test.TestTitle, QString());
     QCOMPARE(test.TestFileName, QString());
     QCOMPARE(test.TestFileText, QString());
-}
-
-void tst_testlist::ListTests_ThousandFiles_IsQuick() {
-    for (int i = 0; i < 1000; ++i)
-        PutBytes(QStringLiteral("%1.vlm").arg(i), "[TITLE]Mood[/TITLE]" + QByteArray(4000, 'x'));
-    TestDocument test;
-    ListTests(test);
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(ListTests(test).size(), size_t(1000));
-    const qint64 warm = timer.elapsed();
-    qInfo("1,000 files in %lld ms", warm);
-    // The figure is the benchmark's business; this only fails when the cost of a file has grown by an order.
-    QVERIFY(warm < 2000);
 }
 
 void tst_testlist::TextOfPart_AnyTest_IsWhatIsShown_data() {

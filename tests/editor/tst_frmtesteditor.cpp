@@ -59,7 +59,7 @@ struct Editor {
             .WithButtons(PromptButtons::YesNoCancel)
             .WithIcon(PromptIcon::Question);
     }
-    QString Path(const QString& name) const { return folder.filePath(name); }
+    QString Path(const QString& name) const { return QDir::toNativeSeparators(folder.filePath(name)); }
     bool CopyIsLeft() { return Recovery(kept.path(), clock).Left().has_value(); }
 
     QTemporaryDir folder;

@@ -68,8 +68,10 @@ struct Exporting {
     ~Exporting() { QDir::setCurrent(QDir::rootPath()); }
 
     Result Run() { return exporter.Export(session); }
-    /// The calls, with the working folder written as "~".
-    QString Calls() const { return log.Calls.join(u' ').replace(folder.path(), QStringLiteral("~")); }
+    /// The calls, with the working folder written as "~" and slashes between folders on every system.
+    QString Calls() const {
+        return QDir::fromNativeSeparators(log.Calls.join(u' ')).replace(folder.path(), QStringLiteral("~"));
+    }
     void FailWith(const char* call, int number, const char* description) {
         log.Failures.insert(QLatin1String(call), SpreadsheetError(number, QLatin1String(description)));
     }
@@ -152,8 +154,8 @@ void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension() {
     QFETCH(QString, client);
     Exporting exporting(tags);
     exporting.session.ClientName = client;
-    const QString path = WorkbookPathFor(exporting.session, exporting.prompts);
-    QTEST(QString(path).replace(exporting.folder.path(), QStringLiteral("~")), "path");
+    const QString path = QDir::fromNativeSeparators(WorkbookPathFor(exporting.session, exporting.prompts));
+    QTEST(QDir::fromNativeSeparators(path).replace(exporting.folder.path(), QStringLiteral("~")), "path");
     QVERIFY(QFileInfo(QDir(exporting.folder.path()).absoluteFilePath(path)).dir().exists());
 }
 
@@ -161,12 +163,13 @@ void tst_spreadsheetexport::Path_FolderCantBeMade_MessageAndWorkingDirectory() {
     Exporting exporting(QStringLiteral("[EXCEL DIR]taken[/EXCEL DIR][AUTOSAVE EXCEL DIRECTORY AS CLIENT]"));
     PutBytes(exporting.folder.filePath(QStringLiteral("taken")), "a file");
     exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
-    QCOMPARE(WorkbookPathFor(exporting.session, exporting.prompts), QStringLiteral("Ann Lee/Vellumo Results.exl"));
+    QCOMPARE(QDir::fromNativeSeparators(WorkbookPathFor(exporting.session, exporting.prompts)),
+             QStringLiteral("Ann Lee/Vellumo Results.exl"));
 
     exporting.session.ClientName = QStringLiteral("taken");
     exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
     exporting.prompts.Expect(QStringLiteral("Can't make directory: taken"));
-    QCOMPARE(WorkbookPathFor(exporting.session, exporting.prompts),
+    QCOMPARE(QDir::fromNativeSeparators(WorkbookPathFor(exporting.session, exporting.prompts)),
              exporting.folder.filePath(QStringLiteral("Vellumo Results.exl")));
 }
 
@@ -367,7 +370,7 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
     if (isNew)
         exporting.FailWith("Open", 53, "no such file");
     exporting.log.Failures.insert(call, SpreadsheetError(number, QStringLiteral("why")));
-    exporting.prompts.Expect(message.replace(u'~', exporting.folder.path()));
+    exporting.prompts.Expect(message.replace(QStringLiteral("~/"), exporting.folder.path() + QDir::separator()));
     QVERIFY(exporting.Run());
     QTEST(exporting.Calls(), "calls");
     QTEST(exporting.session.SpreadsheetExported, "exported");

@@ -18,6 +18,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The system's own dialogs, which a test can't look into, stay away while it lives.
+struct QtsOwnDialogs {
+    QtsOwnDialogs() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, true); }
+    ~QtsOwnDialogs() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false); }
+    QtsOwnDialogs(const QtsOwnDialogs&) = delete;
+    QtsOwnDialogs& operator=(const QtsOwnDialogs&) = delete;
+};
+
+} // namespace
+
 class TestQtPorts : public QObject {
     Q_OBJECT
 
@@ -101,6 +113,7 @@ void TestQtPorts::Filters_LabelPatternPairs_BecomeNameFilters() {
 }
 
 void TestQtPorts::SaveFile_NameWithoutExtension_GetsIt() {
+    const QtsOwnDialogs own;
     const QTemporaryDir folder;
     DialogDriver driver([](QDialog& dialog) {
         auto* files = qobject_cast<QFileDialog*>(&dialog);
@@ -117,6 +130,7 @@ void TestQtPorts::SaveFile_NameWithoutExtension_GetsIt() {
 }
 
 void TestQtPorts::SaveFile_ExistingFile_AsksFirst() {
+    const QtsOwnDialogs own;
     const QTemporaryDir folder;
     PutBytes(folder.filePath(u"old.txt"_s), "x");
     bool asked = false;

@@ -129,7 +129,7 @@ void tst_settings::DefaultFolders_ProgramFolderNotWritable_DocumentsAndSamples()
     // A folder that isn't there can't be written by anybody, not even by the system administrator.
     const KnownFolders known{QStringLiteral("/no such folder"), folder.path(), samples};
     const DefaultFolders chosen = ChooseDefaultFolders(known);
-    QCOMPARE(chosen.WorkingDirectory, folder.filePath(QStringLiteral("Vellumo")));
+    QCOMPARE(QDir::fromNativeSeparators(chosen.WorkingDirectory), folder.filePath(QStringLiteral("Vellumo")));
 
     QVERIFY(QDir().mkpath(chosen.WorkingDirectory));
     QFile own(chosen.WorkingDirectory + QStringLiteral("/b.vlm"));
