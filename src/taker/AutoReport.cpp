@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 QString Made(const QString& directory, Prompts& prompts) {
@@ -33,6 +35,26 @@ QString FirstFreePath(const QString& name, TakenNumbers* taken) {
     if (taken)
         taken->insert(name, k);
     return path();
+}
+
+/// The earlier reports in a file are looked at only up to this size, lest appending to a long one take ever longer.
+constexpr qint64 MaxEarlierBytes = 16 << 20;
+
+bool IsAscii(const QByteArray& bytes) {
+    return std::ranges::all_of(bytes, [](char byte) { return static_cast<uchar>(byte) < 0x80; });
+}
+
+/// Appends so that the whole file is in one encoding: a report whose letters don't fit that of the earlier ones brings
+/// all of them to UTF-8.
+Result AppendReport(const QString& path, const QString& text, const QByteArray& bytes) {
+    TextOfFile earlier;
+    if (!IsAscii(bytes) && ReadTextFile(path, MaxEarlierBytes, earlier) && !IsAscii(earlier.Bytes)) {
+        if (earlier.Encoding != TextEncoding::CodePage)
+            return AppendToFile(path, text.toUtf8());
+        if (DecodeText(bytes).Encoding != TextEncoding::CodePage)
+            return WriteFile(path, (earlier.Text + text).toUtf8());
+    }
+    return AppendToFile(path, bytes);
 }
 
 } // namespace
@@ -64,5 +86,5 @@ bool AutoReportAsks(const Session& session) {
 
 Result WriteReportFile(const QString& path, const QString& text, bool append) {
     const QByteArray bytes = EncodeForLocale(text + LineBreak);
-    return append ? AppendToFile(path, bytes) : WriteFile(path, bytes);
+    return append ? AppendReport(path, text + LineBreak, bytes) : WriteFile(path, bytes);
 }

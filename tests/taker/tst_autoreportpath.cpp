@@ -1,4 +1,6 @@
+#include "platform/CodePage.h"
 #include "platform/TextFile.h"
+#include "support/Files.h"
 #include "support/TestText.h"
 #include "taker/AutoReport.h"
 
@@ -27,6 +29,8 @@ class tst_autoreportpath : public QObject {
     void ReportPathFor_NameTaken_NumberUnlessAppending();
     void ReportPathFor_DirectoryCantBeMade_MessageAndCurrentDirectory();
     void WriteReportFile_Modes_Content();
+    void WriteReportFile_OtherLettersBehind_OneEncoding_data();
+    void WriteReportFile_OtherLettersBehind_OneEncoding();
 
   private:
     std::unique_ptr<QTemporaryDir> folder_;
@@ -108,6 +112,24 @@ void tst_autoreportpath::WriteReportFile_Modes_Content() {
     QVERIFY(WriteReportFile(QStringLiteral("r.txt"), QStringLiteral("New"), false));
     QCOMPARE(content(), "New\r\n");
     QVERIFY(!WriteReportFile(QStringLiteral("no such folder/x"), QStringLiteral("x"), false));
+}
+
+void tst_autoreportpath::WriteReportFile_OtherLettersBehind_OneEncoding_data() {
+    QTest::addColumn<QByteArray>("earlier");
+    QTest::addColumn<QString>("report");
+    QTest::addColumn<QByteArray>("whole");
+    const QByteArray single = EncodeCodePage(QStringLiteral("Größe\r\n"));
+    QTest::newRow("beyond the code page") << single << QStringLiteral("李") << QByteArray("Größe\r\n李\r\n");
+    QTest::newRow("behind UTF-8") << QByteArray("李\r\n") << QStringLiteral("Größe") << QByteArray("李\r\nGröße\r\n");
+    QTest::newRow("plain letters") << single << QStringLiteral("plain") << single + "plain\r\n";
+}
+
+void tst_autoreportpath::WriteReportFile_OtherLettersBehind_OneEncoding() {
+    QFETCH(QByteArray, earlier);
+    PutBytes(QStringLiteral("r.txt"), earlier);
+    QFETCH(QString, report);
+    QVERIFY(WriteReportFile(QStringLiteral("r.txt"), report, true));
+    QTEST(BytesOf(QStringLiteral("r.txt")), "whole");
 }
 
 QTEST_GUILESS_MAIN(tst_autoreportpath)

@@ -1,5 +1,7 @@
 #include "platform/windows/RegistrySettingsStore.h"
 
+#include <algorithm>
+
 #include <windows.h>
 
 namespace {
@@ -13,19 +15,19 @@ const wchar_t* Wide(const QString& text) { return reinterpret_cast<const wchar_t
 QString RegistrySettingsStore::Read(const QString& key, const QString& defaultText) const {
     DWORD bytes = 0;
     QString text;
+    LSTATUS read = RegGetValueW(HKEY_CURRENT_USER, Section, Wide(key), RRF_RT_REG_SZ, nullptr, nullptr, &bytes);
+    if (read != ERROR_SUCCESS)
+        return defaultText;
     // A value that grows in between is asked for again.
-    LSTATUS read = ERROR_MORE_DATA;
-    while (read == ERROR_MORE_DATA) {
-        text.resize(static_cast<qsizetype>(bytes / sizeof(wchar_t)));
-        read = RegGetValueW(HKEY_CURRENT_USER, Section, Wide(key), RRF_RT_REG_SZ, nullptr,
-                            bytes == 0 ? nullptr : text.data(), &bytes);
-        if (read == ERROR_SUCCESS && text.isEmpty())
-            read = ERROR_MORE_DATA;
-    }
+    do {
+        text.resize(static_cast<qsizetype>(bytes / sizeof(wchar_t)) + 1);
+        bytes = static_cast<DWORD>(static_cast<size_t>(text.size()) * sizeof(wchar_t));
+        read = RegGetValueW(HKEY_CURRENT_USER, Section, Wide(key), RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
+    } while (read == ERROR_MORE_DATA);
     if (read != ERROR_SUCCESS)
         return defaultText;
     // The last character is the zero that ends the text.
-    text.truncate(static_cast<qsizetype>(bytes / sizeof(wchar_t)) - 1);
+    text.truncate(std::max<qsizetype>(static_cast<qsizetype>(bytes / sizeof(wchar_t)) - 1, 0));
     return text;
 }
 

@@ -92,6 +92,9 @@ void tst_windows::Settings_FirstRun_AllKeysInTheRegistry() {
 }
 
 void tst_windows::Settings_OtherKindOfValue_Default() {
+    // Another program may store a text without even the zero that ends it.
+    QCOMPARE(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(SettingsKey), L"bare", REG_SZ, nullptr, 0), ERROR_SUCCESS);
+    QCOMPARE(RegistrySettingsStore().Read(QStringLiteral("bare"), QStringLiteral("none")), QString());
     const DWORD number = 7;
     QCOMPARE(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(SettingsKey), L"x", REG_DWORD, &number, sizeof number),
              ERROR_SUCCESS);

@@ -9,7 +9,7 @@ namespace {
 const wchar_t* const WindowClass = L"VellumoAutomationServer";
 /// How long a process that COM has started waits to be asked for its application.
 constexpr UINT UnusedTimeout = 60000;
-constexpr int StopTimeout = 10000;
+constexpr int CloseTimeout = 3000;
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     // Stopped or never asked for: references, if there are any, are gone with the process.
@@ -156,7 +156,17 @@ int RunByUser(const Server& server) {
 int StopAll() {
     for (const HWND window : Windows())
         PostMessageW(window, WM_CLOSE, 0, 0);
-    return CountAfter(StopTimeout);
+    CountAfter(CloseTimeout);
+    // Whoever is in the middle of a call that nobody waits for any longer doesn't close.
+    for (const HWND window : Windows()) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        if (const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, id)) {
+            TerminateProcess(process, 1);
+            CloseHandle(process);
+        }
+    }
+    return CountAfter(CloseTimeout);
 }
 
 int CountAfter(int milliseconds) {
