@@ -27,7 +27,12 @@ start_windows() {
     export DISPLAY
     openbox >/dev/null 2>&1 &
     windows_processes+=($!)
-    wineboot --init >/dev/null 2>&1
+    # The services stay between two programs, instead of going while the next one asks for them.
+    mkdir -p "$WINEPREFIX"
+    wineserver -p
+    # The first program of any kind makes the prefix and waits for it. wineboot itself would start its services twice,
+    # and which of the two then answers a program's request is luck.
+    wine cmd /c exit >/dev/null 2>&1
     # Dates and times as Linux writes them in the C locale, so that both systems' reports can be compared; and a font
     # that this machine has for the ones that a real Windows brings.
     cat >"$folder/person.reg" <<'REG'

@@ -9,6 +9,7 @@ namespace {
 const wchar_t* const WindowClass = L"VellumoAutomationServer";
 /// How long a process that COM has started waits to be asked for its application.
 constexpr UINT UnusedTimeout = 60000;
+constexpr UINT FailedTimeout = 100;
 constexpr int CloseTimeout = 3000;
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -89,7 +90,8 @@ class Factory : public IClassFactory {
             return CLASS_E_NOAGGREGATION;
         if (server_.TheJournal.OrderFor(L"create").What != Order::Kind::Work) {
             server_.TheJournal.Note(L"create ! failed");
-            PostQuitMessage(1);
+            // It goes once its client has the answer, without the usual farewell to COM, at which Wine's crashes here.
+            SetTimer(window_, 1, FailedTimeout, nullptr);
             return E_FAIL;
         }
         KillTimer(window_, 1);
