@@ -43,7 +43,7 @@ QStringList TestsAt(const QString& path) {
     const QDir directory(path);
     QStringList paths;
     for (const QString& name : directory.entryList({QStringLiteral("*.vlm")}, QDir::Files | QDir::Hidden, QDir::Name))
-        paths.append(directory.filePath(name));
+        paths.append(QDir::toNativeSeparators(directory.filePath(name)));
     return paths;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Directories.h"
 #include "settings/TemplateFile.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -113,6 +114,6 @@ void HtmlExportFlow::RememberFolderOf(HtmlFile file, const QString& path) {
     Settings& settings = parts_.Run.UserSettings;
     const bool target = file == HtmlFile::Target;
     QString& folder = target ? settings.HtmlDirectory : settings.TempHtmlDirectory;
-    folder = QFileInfo(path).absolutePath();
+    folder = QDir::toNativeSeparators(QFileInfo(path).absolutePath());
     SaveSettingPairs({{target ? HtmlDirectoryKey : TempHtmlDirectoryKey, folder}}, parts_.Store);
 }

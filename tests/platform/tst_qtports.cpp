@@ -37,6 +37,7 @@ class TestQtPorts : public QObject {
     void Ask_Button_AnswersIt_data();
     void Ask_Button_AnswersIt();
     void Ask_MarkupInText_IsShownAsItStands();
+    void Ask_NoActiveWindow_BelongsToTheLastThatCanBeSeen();
     void Filters_LabelPatternPairs_BecomeNameFilters_data();
     void Filters_LabelPatternPairs_BecomeNameFilters();
     void SaveFile_NameWithoutExtension_GetsIt();
@@ -94,6 +95,23 @@ void TestQtPorts::Ask_MarkupInText_IsShownAsItStands() {
         box->accept();
     });
     QtPrompts().Inform(u"<b>1 < 2</b>"_s);
+}
+
+// As it is while the system gives the keyboard back after a dialog of its own.
+void TestQtPorts::Ask_NoActiveWindow_BelongsToTheLastThatCanBeSeen() {
+    QWidget first;
+    QWidget last;
+    QWidget hidden;
+    for (QWidget* window : {&first, &last, &hidden})
+        window->show();
+    hidden.hide();
+    QApplication::setActiveWindow(nullptr);
+    QCOMPARE(QApplication::activeWindow(), nullptr);
+    DialogDriver driver([&](QDialog& dialog) {
+        QCOMPARE(dialog.parentWidget(), &last);
+        dialog.accept();
+    });
+    QtPrompts().Inform(u"Saved."_s);
 }
 
 void TestQtPorts::Filters_LabelPatternPairs_BecomeNameFilters_data() {

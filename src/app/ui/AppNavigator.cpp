@@ -2,6 +2,7 @@
 
 #include "app/ui/AboutBox.h"
 #include "export/ui/DialogHTML.h"
+#include "platform/ui/WindowInFront.h"
 #include "settings/ui/frmOptions.h"
 #include "taker/ui/frmClient.h"
 #include "testdoc/TestParser.h"
@@ -111,7 +112,7 @@ bool AppNavigator::AskNames(const QString& caption) {
     // From the start screen no test has a say in it.
     const NamesAsked asked = caption.isEmpty() ? NamesAsked() : NamesAskedBy(parts_.Run.Test);
     frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked,
-                     QApplication::activeWindow());
+                     WindowInFront());
     window.exec();
     return !parts_.Run.NamesCancelled;
 }
@@ -119,7 +120,7 @@ bool AppNavigator::AskNames(const QString& caption) {
 void AppNavigator::ShowGeneralOptions() {
     Settings& settings = parts_.Run.UserSettings;
     const Settings before = settings;
-    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, QApplication::activeWindow()).exec();
+    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, WindowInFront()).exec();
     // A name that was given for one test only isn't among the settings, and stays.
     if (settings.AdministratorName != before.AdministratorName)
         parts_.Run.AdministratorName = settings.AdministratorName;
@@ -146,7 +147,7 @@ void AppNavigator::ShowHelp(HelpTopic topic) {
     BringUp(*help);
 }
 
-void AppNavigator::ShowAbout() { AboutBox(QApplication::activeWindow()).exec(); }
+void AppNavigator::ShowAbout() { AboutBox(WindowInFront()).exec(); }
 
 bool AppNavigator::EditTest() { return OpenEditor(); }
 
@@ -199,7 +200,7 @@ bool AppNavigator::OfferLeftTest() {
 
 void AppNavigator::ExportHtml() {
     DialogHTML({parts_.Run, parts_.Ports.Boxes, parts_.Programs, parts_.Store, parts_.Folders.ProgramFolder},
-               parts_.Ports.Files, *this, QApplication::activeWindow())
+               parts_.Ports.Files, *this, WindowInFront())
         .exec();
 }
 

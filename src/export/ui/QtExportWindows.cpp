@@ -1,6 +1,7 @@
 #include "export/ui/QtExportWindows.h"
 
 #include "export/ui/DialogExport.h"
+#include "platform/ui/WindowInFront.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -18,13 +19,11 @@ QtExportWindows::~QtExportWindows() { CloseSteps(); }
 // Without a caption of its own the names window lets both names be entered, also where the test asks for none.
 void QtExportWindows::AskNames() { navigator_.AskNames(QString()); }
 
-void QtExportWindows::Confirm(ExportForm& form) {
-    DialogExport(form, chooser_, navigator_, QApplication::activeWindow()).exec();
-}
+void QtExportWindows::Confirm(ExportForm& form) { DialogExport(form, chooser_, navigator_, WindowInFront()).exec(); }
 
 void QtExportWindows::ShowStep(const QString& caption) {
     if (!steps_)
-        steps_ = new DialogExcel(QApplication::activeWindow());
+        steps_ = new DialogExcel(WindowInFront());
     steps_->SetCaption(caption);
     steps_->show();
     // A window that has just been shown can only be painted when the desktop has placed it.

@@ -1,6 +1,7 @@
 #include "platform/ui/QtFileChooser.h"
 
-#include <QApplication>
+#include "platform/ui/WindowInFront.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -62,7 +63,7 @@ QStringList NameFiltersOf(const QString& filter) {
 
 QString QtFileChooser::OpenFile(const FileQuestion& question) {
     const KeepCurrentDirectory keep;
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(WindowInFront());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     Prepare(dialog, question);
@@ -71,7 +72,7 @@ QString QtFileChooser::OpenFile(const FileQuestion& question) {
 
 QString QtFileChooser::SaveFile(const FileQuestion& question) {
     const KeepCurrentDirectory keep;
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(WindowInFront());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     if (question.DefaultExtension.startsWith(QLatin1Char('.')))
@@ -82,7 +83,7 @@ QString QtFileChooser::SaveFile(const FileQuestion& question) {
 
 QString QtFileChooser::ChooseFolder(const QString& title, const QString& start) {
     const KeepCurrentDirectory keep;
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(WindowInFront());
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     Prepare(dialog, {title, {}, start, {}});

@@ -1,6 +1,7 @@
 #include "platform/ui/QtPrompts.h"
 
-#include <QApplication>
+#include "platform/ui/WindowInFront.h"
+
 #include <QMessageBox>
 
 namespace {
@@ -47,7 +48,7 @@ PromptAnswer AnswerOf(int button, PromptButtons buttons) {
 } // namespace
 
 PromptAnswer QtPrompts::Ask(const Prompt& prompt) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(WindowInFront());
     box.setWindowTitle(prompt.Title.isEmpty() ? QStringLiteral("Vellumo") : prompt.Title);
     box.setTextFormat(Qt::PlainText);
     box.setText(prompt.Text);
