@@ -71,7 +71,7 @@ QString SaveFailedMessage(const SpreadsheetError& failure) {
 
 Result SpreadsheetExport::Export(Session& session) {
     if (!office_.ApplicationInstalled(SpreadsheetKey, QString())) {
-        prompts_.Inform(QStringLiteral("Excel does not appear to be installed"));
+        prompts_.Inform(SpreadsheetNotInstalled);
         return Result::Done();
     }
     const TestDocument& test = session.Test;

@@ -1,6 +1,7 @@
 #include "platform/SafeFile.h"
 
 #include "platform/FlushToDisk.h"
+#include "platform/NameRefusal.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +15,11 @@ Result Failed(const QString& path, const QString& reason, const QString& kept) {
 }
 
 QString ReasonOf(const QFile& file) {
-    return file.error() == QFileDevice::NoError ? QStringLiteral("the disk did not take it") : file.errorString();
+    if (file.error() == QFileDevice::NoError)
+        return QStringLiteral("the disk did not take it");
+    // Windows ends its reasons with a full stop, other systems don't.
+    const QString reason = file.errorString();
+    return reason.endsWith(u'.') ? reason.chopped(1) : reason;
 }
 
 void CloseToOthers(QFile& file) { file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner); }
@@ -51,12 +56,12 @@ QString FreeNameBeside(const QString& path) {
 QString CopyAside(const QString& path, const QString& copyPath) {
     QFile source(path);
     if (!source.open(QIODevice::ReadOnly))
-        return source.errorString();
+        return ReasonOf(source);
     QFile copy(copyPath);
     if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
                    QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         return QStringLiteral("its earlier version can't be set aside as '") + copyPath + QStringLiteral("': ") +
-               copy.errorString();
+               ReasonOf(copy);
     bool copied = true;
     while (copied && !source.atEnd()) {
         const QByteArray block = source.read(1 << 20);
@@ -68,7 +73,7 @@ QString CopyAside(const QString& path, const QString& copyPath) {
         return {};
     }
     const QString reason = QStringLiteral("its earlier version can't be set aside: ") +
-                           (source.error() != QFileDevice::NoError ? source.errorString() : ReasonOf(copy));
+                           ReasonOf(source.error() != QFileDevice::NoError ? source : copy);
     copy.close();
     QFile::remove(copyPath);
     return reason;
@@ -81,7 +86,7 @@ Result WriteNew(const QString& path, const QByteArray& content, Audience audienc
                                                                    QFileDevice::ReadGroup | QFileDevice::ReadOther;
     // Unbuffered, so that a full disk is told by the write that meets it.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered, permissions))
-        return Result::Failed(QFileInfo(path).dir().exists() ? file.errorString()
+        return Result::Failed(QFileInfo(path).dir().exists() ? ReasonOf(file)
                                                              : QStringLiteral("there is no such folder"));
     if (isNew && audience == Audience::OwnerOnly)
         CloseToOthers(file);
@@ -100,15 +105,17 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
     const QFileInfo info(path);
     if (info.isDir())
         return {false, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed.")};
+    if (const QString reason = NameRefusal(path); !reason.isEmpty())
+        return {false, reason, QStringLiteral("Nothing was changed.")};
     const QString unchanged = QStringLiteral("The earlier version was not changed.");
     const bool isNew = !info.exists();
     const bool replaces = info.isFile();
     // The copy lies beside the file itself, also when the path is a link to it.
-    const QString copy = replaces ? FreeNameBeside(info.canonicalFilePath()) : QString();
+    const QString copy = replaces ? FreeNameBeside(QDir::toNativeSeparators(info.canonicalFilePath())) : QString();
     if (replaces) {
         QFile target(path);
         if (!target.open(QIODevice::ReadWrite))
-            return {false, target.errorString(), unchanged};
+            return {false, ReasonOf(target), unchanged};
         target.close();
         if (const QString reason = CopyAside(path, copy); !reason.isEmpty())
             return {false, reason, unchanged};
@@ -140,13 +147,13 @@ Result WriteFile(const QString& path, const QByteArray& content, Audience audien
 
 Result AppendToFile(const QString& path, const QByteArray& content, Audience audience) {
     const QFileInfo info(path);
-    if (!info.exists() || !info.isFile())
+    if (!info.exists() || !info.isFile() || !NameRefusal(path).isEmpty())
         return WriteFile(path, content, audience);
 
     const QString unchanged = QStringLiteral("What it held before was not changed.");
     QFile file(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
-        return Failed(path, file.errorString(), unchanged);
+        return Failed(path, ReasonOf(file), unchanged);
     const qint64 earlierLength = file.size();
     QString reason;
     if (!file.seek(earlierLength) || !Put(file, content))

@@ -340,17 +340,19 @@ void tst_automation::Export_Busy_WaitedFor() {
 
 void tst_automation::Export_NoApplication_SaysSo_data() {
     QTest::addColumn<bool>("registered");
-    QTest::newRow("can't be made") << true;
-    QTest::newRow("not registered") << false;
+    QTest::addColumn<QString>("message");
+    QTest::newRow("can't be made") << true << "Excel can't be started: ";
+    QTest::newRow("not registered") << false << "Excel does not appear to be installed";
 }
 
 void tst_automation::Export_NoApplication_SaysSo() {
     QFETCH(bool, registered);
+    QFETCH(QString, message);
     Exporting exporting(*server_);
     exporting.server.Order(QStringLiteral("fail create"));
     if (!registered)
         exporting.server.Unregister();
-    exporting.prompts.Expect(QStringLiteral("Excel can't be started: ")).InPart();
+    exporting.prompts.Expect(message).InPart();
     QVERIFY(exporting.Run());
     exporting.server.Register();
     QVERIFY(!exporting.session.SpreadsheetExported);

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include <windows.h>
+
 namespace {
 
 const QString ApplicationId = QStringLiteral("Excel.Application");
@@ -28,7 +30,10 @@ AutomationObject AttachOrStart() {
         const auto running = AutomationObject::Running(ApplicationId);
         return running ? *running : AutomationObject::Created(ApplicationId);
     } catch (const AutomationError& failure) {
-        throw SpreadsheetError(failure.Number(), QStringLiteral("Excel can't be started: ") + failure.Message());
+        const bool isMissing = failure.Number() == static_cast<int>(CO_E_CLASSSTRING);
+        throw SpreadsheetError(failure.Number(), isMissing
+                                                     ? SpreadsheetNotInstalled
+                                                     : QStringLiteral("Excel can't be started: ") + failure.Message());
     }
 }
 

@@ -220,7 +220,12 @@ void tst_windows::WriteFile_Impossible_MessageNamesFile_data() {
     QTest::newRow("directory") << QStringLiteral(".") << QStringLiteral("it is a directory");
     QTest::newRow("folder that isn't there")
         << QStringLiteral("no such folder/x") << QStringLiteral("there is no such folder");
-    QTest::newRow("forbidden letter") << QStringLiteral("a?b") << QString();
+    QTest::newRow("forbidden letter") << QStringLiteral("a?b")
+                                      << QStringLiteral("a file's name can't hold the character ?. Nothing");
+    QTest::newRow("stream of another file")
+        << QStringLiteral("At 10:30.txt") << QStringLiteral("a file's name can't hold the character :. Nothing");
+    QTest::newRow("device") << QStringLiteral("NUL") << QStringLiteral("'NUL' is the name of a device. Nothing");
+    QTest::newRow("device with an ending") << QStringLiteral("com1 .b.txt") << QStringLiteral("'com1' is the name of");
 }
 
 void tst_windows::WriteFile_Impossible_MessageNamesFile() {
@@ -233,7 +238,9 @@ void tst_windows::WriteFile_Impossible_MessageNamesFile() {
         QVERIFY2(written.Message().startsWith(QStringLiteral("Can't write the file '") + path + QStringLiteral("': ") +
                                               reason),
                  qPrintable(written.Message()));
+        QVERIFY2(!written.Message().contains(QStringLiteral("..")), qPrintable(written.Message()));
     }
+    QVERIFY(WriteFile(folder.filePath(QStringLiteral("Console.txt")), "x"));
 }
 
 QTEST_GUILESS_MAIN(tst_windows)
