@@ -253,9 +253,10 @@ class tst_cli : public QObject {
         QCOMPARE(bad.Status, 1);
         const QList<QByteArray> lines = bad.Out.trimmed().split('\n');
         QCOMPARE(lines.size(), 2);
-        QVERIFY(lines[0].startsWith(folder.filePath(QStringLiteral("a.vlm: error: ")).toUtf8()));
-        QVERIFY(lines[1].startsWith(
-            folder.filePath(QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
+        const QString inFolder = QDir::toNativeSeparators(folder.path() + u'/');
+        QVERIFY(lines[0].startsWith((inFolder + QStringLiteral("a.vlm: error: ")).toUtf8()));
+        QVERIFY(
+            lines[1].startsWith((inFolder + QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
     }
 
     void Score_GoodRows_PrintsScores() {

@@ -187,9 +187,10 @@ class tst_dialoghtml : public QObject {
         QCOMPARE(dialog.chooser.Questions()[1].Filter,
                  QStringLiteral("HTML Files (*.html)|*.html|HTM Files (*.htm)|*.htm| All Files (*.*)|*.*"));
         QCOMPARE(dialog.store.WrittenKeys, QStringList{key});
-        QCOMPARE(dialog.store.Values.value(key), dialog.Path("a"));
+        const QString folder = QDir::toNativeSeparators(dialog.Path("a"));
+        QCOMPARE(dialog.store.Values.value(key), folder);
         QCOMPARE(index == 0 ? dialog.session.UserSettings.HtmlDirectory : dialog.session.UserSettings.TempHtmlDirectory,
-                 dialog.Path("a"));
+                 folder);
         QCOMPARE(QDir(QDir::currentPath()).canonicalPath(), QDir(dialog.folder.path()).canonicalPath());
     }
 
