@@ -17,6 +17,17 @@
 
 namespace {
 
+// What a person of this system would have there.
+#ifdef Q_OS_WIN
+const QString ShownFolder = QStringLiteral("C:\\Users\\Ann\\Vellumo");
+const QString ShownEditor = QStringLiteral("notepad.exe");
+const QString ShownBrowser = QStringLiteral("explorer.exe");
+#else
+const QString ShownFolder = QStringLiteral("/home/ann/Vellumo");
+const QString ShownEditor = QStringLiteral("xdg-open");
+const QString ShownBrowser = QStringLiteral("xdg-open");
+#endif
+
 const QString Samples = QStringLiteral(VELLUMO_SOURCE_DIR "/samples/");
 
 QPalette DarkPalette() {
@@ -121,7 +132,7 @@ void EditorWindows(Camera& camera) {
     frmTestEditor& editor = *program.navigator.Editor();
     // The folder of the pictures is a new one each time.
     auto& home = Find<QLabel>(editor, QStringLiteral("lblinstructions"));
-    home.setText(home.text().replace(program.folder.path(), QStringLiteral("/home/ann/Vellumo")));
+    home.setText(home.text().replace(QDir::toNativeSeparators(program.folder.path()), ShownFolder));
     camera.Take(editor, QStringLiteral("editor-home"));
     static const QStringList pages{QStringLiteral("about-test"), QStringLiteral("sub-scales"),
                                    QStringLiteral("template"),   QStringLiteral("questions"),
@@ -139,9 +150,9 @@ void Dialogs(Camera& camera) {
     Program program;
     Load(program, QStringLiteral("Sleep Week Automatic.vlm"));
     LoadSettingsOnce(program.start, program.session, program.store, program.folders);
-    program.session.UserSettings.DefaultEditor = QStringLiteral("xdg-open");
-    program.session.UserSettings.DefaultBrowser = QStringLiteral("xdg-open");
-    program.session.UserSettings.DefaultDirectory = QStringLiteral("/home/ann/Vellumo");
+    program.session.UserSettings.DefaultEditor = ShownEditor;
+    program.session.UserSettings.DefaultBrowser = ShownBrowser;
+    program.session.UserSettings.DefaultDirectory = ShownFolder;
     program.session.UserSettings.DefaultEmail = QStringLiteral("someone@example.com");
     program.session.UserSettings.DefaultNextPage = QStringLiteral("https://www.example.com/vellumo");
     program.session.ClientName = QStringLiteral("Ann Lee");
@@ -185,7 +196,9 @@ void Dialogs(Camera& camera) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+#ifndef Q_OS_WIN
     QApplication::setStyle(QStringLiteral("Fusion"));
+#endif
     const QStringList arguments = QCoreApplication::arguments();
     const bool dark = arguments.contains(QStringLiteral("--dark"));
     if (arguments.size() < 2 || !QDir().mkpath(arguments[1])) {

@@ -1,7 +1,5 @@
 #include "platform/windows/RegistrySettingsStore.h"
 
-#include <algorithm>
-
 #include <windows.h>
 
 namespace {
@@ -26,9 +24,10 @@ QString RegistrySettingsStore::Read(const QString& key, const QString& defaultTe
     } while (read == ERROR_MORE_DATA);
     if (read != ERROR_SUCCESS)
         return defaultText;
-    // The last character is the zero that ends the text.
-    text.truncate(std::max<qsizetype>(static_cast<qsizetype>(bytes / sizeof(wchar_t)) - 1, 0));
-    return text;
+    text.truncate(static_cast<qsizetype>(bytes / sizeof(wchar_t)));
+    // The first zero ends a text; other programs store more of them by mistake.
+    const qsizetype end = text.indexOf(QChar(u'\0'));
+    return end < 0 ? text : text.first(end);
 }
 
 bool RegistrySettingsStore::Write(const QString& key, const QString& text) {

@@ -95,6 +95,9 @@ void tst_windows::Settings_OtherKindOfValue_Default() {
     // Another program may store a text without even the zero that ends it.
     QCOMPARE(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(SettingsKey), L"bare", REG_SZ, nullptr, 0), ERROR_SUCCESS);
     QCOMPARE(RegistrySettingsStore().Read(QStringLiteral("bare"), QStringLiteral("none")), QString());
+    // Or more of them, and something behind.
+    QCOMPARE(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(SettingsKey), L"long", REG_SZ, L"a\0b\0", 8), ERROR_SUCCESS);
+    QCOMPARE(RegistrySettingsStore().Read(QStringLiteral("long"), QStringLiteral("none")), QStringLiteral("a"));
     const DWORD number = 7;
     QCOMPARE(RegSetKeyValueW(HKEY_CURRENT_USER, Wide(SettingsKey), L"x", REG_DWORD, &number, sizeof number),
              ERROR_SUCCESS);
