@@ -29,6 +29,7 @@ class SayingPrompts : public Prompts {
   public:
     explicit SayingPrompts(Console& console) : console_(console) {}
     PromptAnswer Ask(const Prompt& prompt) override;
+    int Choose(const ChoicePrompt& prompt) override;
     /// How many boxes there were.
     int Count() const { return count_; }
 
