@@ -77,9 +77,11 @@ void TestWindows(const QString& sourceFolder, const WindowVisitor& visit) {
         Press(*window.focusWidget(), Qt::Key_Return, Qt::ControlModifier);
     }
     visit(window, QStringLiteral("test-window-completed"));
+    program.session.Test.NavigationButtons = true;
     Choose(window, QStringLiteral("mnutestshow_2"));
     visit(window, QStringLiteral("test-window-instructions-again"));
     Click(window, QStringLiteral("CmdBegin"));
+    visit(window, QStringLiteral("test-window-navigation"));
     Click(window, QStringLiteral("CmdReport"));
     visit(*program.navigator.Reports().first(), QStringLiteral("report-editor"));
 }
