@@ -2,6 +2,7 @@
 
 #include "base/LineBreak.h"
 #include "platform/Directories.h"
+#include "platform/ui/Choosing.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
@@ -183,6 +184,7 @@ QLayout* Loading_Test::MakeLinks() {
 
 void Loading_Test::Connect() {
     connect(Listselect_, &QListWidget::currentRowChanged, this, &Loading_Test::Listselect_Click);
+    MakeSelectedRowCurrent(*Listselect_);
     // Not "activated": where the desktop activates with one click, looking at a test would begin it.
     connect(Listselect_, &QListWidget::itemDoubleClicked, this, &Loading_Test::cmdBeginTest_Click);
     connect(cmdBeginTest_, &QPushButton::clicked, this, &Loading_Test::cmdBeginTest_Click);

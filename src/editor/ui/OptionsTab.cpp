@@ -1,8 +1,8 @@
 #include "editor/ui/OptionsTab.h"
 
+#include "platform/ui/Choosing.h"
 #include "platform/ui/FramePairs.h"
 #include "platform/ui/Named.h"
-#include "platform/ui/Ticks.h"
 #include "platform/ui/Typography.h"
 
 #include <QVBoxLayout>

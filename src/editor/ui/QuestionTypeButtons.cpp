@@ -1,7 +1,7 @@
 #include "editor/ui/QuestionTypeButtons.h"
 
+#include "platform/ui/Choosing.h"
 #include "platform/ui/Named.h"
-#include "platform/ui/Ticks.h"
 #include "platform/ui/Typography.h"
 #include "testdoc/TestDocument.h"
 
