@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "taker/Administration.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 
 #include <QFileInfo>
 
@@ -51,8 +51,7 @@ ReportContext ReportContextFrom(const CommandLine& line, const Console& console)
 }
 
 void OpenTestFor(const QString& path, TestDocument& test) {
-    if (const Result opened = OpenTest(test, AbsolutePath(path)); !opened)
-        throw Failure(opened.Message());
+    OpenTestNamingEarlier(test, AbsolutePath(path));
 }
 
 void RequireQuestions(const TestDocument& test) {
