@@ -50,9 +50,7 @@ ReportContext ReportContextFrom(const CommandLine& line, const Console& console)
     return context;
 }
 
-void OpenTestFor(const QString& path, TestDocument& test) {
-    OpenTestNamingEarlier(test, AbsolutePath(path));
-}
+void OpenTestFor(const QString& path, TestDocument& test) { OpenTestNamingEarlier(test, AbsolutePath(path)); }
 
 void RequireQuestions(const TestDocument& test) {
     if (const Result result = CanBegin(test); !result)

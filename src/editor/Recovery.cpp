@@ -109,8 +109,7 @@ std::optional<RecoveredTest> Recovery::Left() const {
         copy.Path = folder.filePath(name);
         const auto lock = LockedCopy(copy.Path);
         // An earlier version that ended while it wrote the copy has left the one before beside it.
-        if (!lock ||
-            (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
+        if (!lock || (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
             continue;
         if (!first || copy.KeptAt < first->KeptAt)
             first = copy;

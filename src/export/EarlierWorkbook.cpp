@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Whether a workbook can be used, as far as its ends show: the directory of the package is at its end, so that one that was cut off has none. What is no package at all isn't
-/// one that was cut off, either.
+/// Whether a workbook can be used, as far as its ends show: the directory of the package is at its end, so that one
+/// that was cut off has none. What is no package at all isn't one that was cut off, either.
 bool IsWholeOrForeign(const QString& path) {
     constexpr qint64 longestEnd = 22 + 0xFFFF;
     QFile file(path);

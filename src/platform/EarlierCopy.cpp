@@ -34,8 +34,8 @@ Result KeepDamaged(const QString& target) {
 
 QString EarlierCopyOf(const QString& path, const FileCheck& isUsable) {
     const QFileInfo target(TargetOf(path));
-    const QRegularExpression isCopy(QRegularExpression::anchoredPattern(
-        QRegularExpression::escape(target.fileName()) + QStringLiteral("\\.earlier(\\([0-9]+\\))?")));
+    const QRegularExpression isCopy(QRegularExpression::anchoredPattern(QRegularExpression::escape(target.fileName()) +
+                                                                        QStringLiteral("\\.earlier(\\([0-9]+\\))?")));
     for (const QFileInfo& file : target.dir().entryInfoList(QDir::Files | QDir::Hidden, QDir::Time))
         if (isCopy.match(file.fileName()).hasMatch() && file.size() > 0 && isUsable(file.filePath()))
             return file.filePath();
@@ -64,7 +64,8 @@ bool OfferEarlierCopy(const QString& path, const QString& why, const FileCheck& 
     QString text = why + QStringLiteral("\n\nAn earlier version of it, of %1, is in '%2'. Use it?")
                              .arg(info.lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm")), Native(copy));
     if (QFileInfo(target).size() > 0)
-        text += QStringLiteral(" What is in the file now will be kept as '%1'.").arg(Native(FreeNameForDamaged(target)));
+        text +=
+            QStringLiteral(" What is in the file now will be kept as '%1'.").arg(Native(FreeNameForDamaged(target)));
     if (prompts.Ask({text, {}, PromptButtons::YesNoCancel, PromptIcon::Question}) != PromptAnswer::Yes)
         return false;
     const Result restored = RestoreEarlierCopy(path, copy);

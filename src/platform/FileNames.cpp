@@ -46,9 +46,8 @@ QString CutToFit(QString name) {
 }
 
 QString DigitsOf(const QString& personName) {
-    return u'~' +
-           QString::fromLatin1(
-               QCryptographicHash::hash(personName.toUtf8(), QCryptographicHash::Sha256).toHex().first(6));
+    return u'~' + QString::fromLatin1(
+                      QCryptographicHash::hash(personName.toUtf8(), QCryptographicHash::Sha256).toHex().first(6));
 }
 
 /// There is something of that name, but its letters are capital or small in other places.
@@ -75,5 +74,5 @@ QString FileNameOf(const QString& personName) {
 QString PathForPerson(const QString& folder, const QString& before, const QString& personName, const QString& after) {
     const QString name = folder + before + FileNameOf(personName);
     return IsOfAnotherName(name + after) && !name.endsWith(DigitsOf(personName)) ? name + DigitsOf(personName) + after
-                                                                                : name + after;
+                                                                                 : name + after;
 }

@@ -280,7 +280,7 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
         return {false, own.Reason(), info.exists() ? Unchanged : NothingThere};
     FileLock* lock = manner.Held ? manner.Held : own.Lock();
     const WriteOutcome outcome = Replacing(QDir::toNativeSeparators(target), content, manner, lock != nullptr).Run();
-    if (outcome.Written && lock)
+    if (outcome.Written && lock && !lock->Note().isEmpty())
         lock->SetNote({}); // whatever was cut off before is gone
     return outcome;
 }

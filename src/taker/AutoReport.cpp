@@ -93,14 +93,14 @@ Result CompleteCutOff(const QString& path, FileLock* lock) {
             return dropped;
     }
     const QString lineEnd = last == "\r" ? QStringLiteral("\n") : last == "\n" ? QString() : LineBreak;
-    return AppendToFile(path, (lineEnd + (cutOff ? CutOffLine : NoEndLine) + LineBreak).toLatin1(),
-                        Audience::OwnerOnly, lock);
+    return AppendToFile(path, (lineEnd + (cutOff ? CutOffLine : NoEndLine) + LineBreak).toLatin1(), Audience::OwnerOnly,
+                        lock);
 }
 
 /// Appends so that the whole file is in one encoding: a report whose letters don't fit that of the earlier ones brings
 /// all of them to UTF-8. Nobody else writes the file from the first look at it to the last byte.
 Result AppendReport(const QString& path, const QString& text, const QByteArray& bytes) {
-    if (!QFileInfo(path).isFile())
+    if (const QFileInfo info(path); info.exists() && !info.isFile())
         return AppendToFile(path, bytes);
     FileLock lock(path);
     const FileLock::Outcome taken = lock.Take();

@@ -32,8 +32,8 @@ QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& pr
 /// Whether the dialog asks before the report is written.
 bool AutoReportAsks(const Session& session);
 
-/// Writes text and a line break to path: after what is there when append, in its place otherwise. A report at the end of
-/// the file that was cut off, since its program ended while it wrote, is completed by a line that says so.
+/// Writes text and a line break to path: after what is there when append, in its place otherwise. A report at the end
+/// of the file that was cut off, since its program ended while it wrote, is completed by a line that says so.
 Result WriteReportFile(const QString& path, const QString& text, bool append);
 
 /// The same to a file that isn't there yet. When another program has taken the name since path was found, nextPath

@@ -18,7 +18,8 @@ constexpr qint64 LongestContent = 4096;
 /// Opens the file, or makes it; everybody who may write in the folder may take a lock that was left in it.
 int OpenOrMake(const char* name) {
     for (int attempt = 0; attempt < 100; ++attempt) {
-        // In this order: a file of somebody else's in a folder for all can be opened, but not by a call that may make it.
+        // In this order: a file of somebody else's in a folder for all can be opened, but not by a call that may make
+        // it.
         int file = open(name, O_RDWR | Common);
         if (file < 0 && errno == EACCES)
             file = open(name, O_RDONLY | Common);

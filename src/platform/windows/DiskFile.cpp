@@ -57,7 +57,8 @@ QString LastSystemReason() {
     const DWORD code = GetLastError();
     if (code == ERROR_DISK_FULL || code == ERROR_HANDLE_DISK_FULL)
         return QStringLiteral("the disk is full");
-    if (code == ERROR_DISK_QUOTA_EXCEEDED)
+    constexpr DWORD quotaExceeded = 1295; // ERROR_DISK_QUOTA_EXCEEDED, which MinGW's headers don't have
+    if (code == quotaExceeded)
         return QStringLiteral("the disk is full as far as this user may fill it");
     const QString reason = qt_error_string(static_cast<int>(code));
     return reason.endsWith(u'.') ? reason.chopped(1) : reason;
@@ -114,8 +115,8 @@ bool DiskFile::Flush() {
         return true;
     // Consoles, pipes and the null device have no disk behind them.
     const DWORD reason = GetLastError();
-    return reason == ERROR_INVALID_FUNCTION || reason == ERROR_INVALID_HANDLE ||
-           GetFileType(file) != FILE_TYPE_DISK || Failed();
+    return reason == ERROR_INVALID_FUNCTION || reason == ERROR_INVALID_HANDLE || GetFileType(file) != FILE_TYPE_DISK ||
+           Failed();
 }
 
 bool DiskFile::CutTo(qint64 size) {

@@ -36,7 +36,7 @@ LockFile::Outcome LockFile::Take() {
     // A file that its holder has just removed is refused until the last who reads it has closed it.
     const bool goes = reason == ERROR_ACCESS_DENIED && QFileInfo::exists(path_);
     return reason == ERROR_SHARING_VIOLATION || reason == ERROR_DELETE_PENDING || goes ? Outcome::Busy
-                                                                                        : Outcome::Impossible;
+                                                                                       : Outcome::Impossible;
 }
 
 void LockFile::LetGo(bool fileStays) {
@@ -52,11 +52,10 @@ void LockFile::LetGo(bool fileStays) {
 }
 
 QByteArray LockFile::Content() const {
-    const HANDLE file = handle_ != -1
-                            ? HandleOf(handle_)
-                            : CreateFileW(NativeName(path_).c_str(), GENERIC_READ,
-                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = handle_ != -1 ? HandleOf(handle_)
+                                      : CreateFileW(NativeName(path_).c_str(), GENERIC_READ,
+                                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return {};
     QByteArray content(LongestContent, Qt::Uninitialized);
@@ -73,7 +72,8 @@ QByteArray LockFile::Content() const {
 void LockFile::SetContent(const QByteArray& content) {
     if (handle_ == -1)
         return;
-    // Blanks to a fixed length, so that one write replaces all of it and an end in the middle leaves the old or the new.
+    // Blanks to a fixed length, so that one write replaces all of it and an end in the middle leaves the old or the
+    // new.
     const QByteArray padded = content.leftJustified(512, ' ');
     DWORD taken = 0;
     SetFilePointer(HandleOf(handle_), 0, nullptr, FILE_BEGIN);
