@@ -14,7 +14,7 @@ class DiskFile {
         New,          ///< made; fails when there is anything of that name, a link included
         AtEnd,        ///< whatever is written goes to the end, wherever that is by then
         InPlace,      ///< over what the file holds, from its beginning; nothing is cut off
-        Straight,     ///< for devices and pipes, and what leads to them: emptied first, as far as they can be
+        Straight,     ///< for devices and pipes, and what leads to them; to the end of what has one
         StraightToNew ///< the same where there was nothing
     };
 

@@ -78,7 +78,7 @@ QString EarlierCopyHint(const QString& path, const FileCheck& isUsable) {
     const QString copy = EarlierCopyOf(path, isUsable);
     if (copy.isEmpty())
         return {};
-    return QStringLiteral(" An earlier version of it is in '%1'. Vellumo offers to use it when it opens the file; "
-                          "without its windows, copy that file over the other.")
+    return QStringLiteral("\nAn earlier version of it is in '%1'. Open the file in Vellumo to use it, or copy it over "
+                          "the damaged file.")
         .arg(Native(copy));
 }

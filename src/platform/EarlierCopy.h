@@ -20,6 +20,6 @@ Result RestoreEarlierCopy(const QString& path, const QString& copy);
 /// place. Asks nothing when there is none. True when the copy is in the file's place.
 bool OfferEarlierCopy(const QString& path, const QString& why, const FileCheck& isUsable, Prompts& prompts);
 
-/// The same for messages where nobody can answer: a sentence, after a blank, that names the copy and says how to use
+/// The same for messages where nobody can answer: a line, after a line break, that names the copy and says how to use
 /// it. Empty when there is none.
 QString EarlierCopyHint(const QString& path, const FileCheck& isUsable);

@@ -10,7 +10,7 @@ namespace {
 /// test can, but it isn't what was saved when an earlier version is beside it.
 QString WhyNoTest(const QString& path) {
     if (QFileInfo(path).size() == 0)
-        return CantReadTestFile(path, QStringLiteral("it is empty."));
+        return CantReadTestFile(path, QStringLiteral("it is empty"));
     try {
         TestDocument test;
         return OpenTest(test, path).Message();

@@ -23,9 +23,9 @@ int FlagsOf(DiskFile::Way way) {
     case DiskFile::Way::InPlace:
         return O_RDWR;
     case DiskFile::Way::Straight:
-        return O_WRONLY | O_TRUNC;
+        return O_WRONLY | O_APPEND;
     case DiskFile::Way::StraightToNew:
-        return O_WRONLY | O_TRUNC | O_CREAT;
+        return O_WRONLY | O_APPEND | O_CREAT;
     }
     return O_RDONLY;
 }

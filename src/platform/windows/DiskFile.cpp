@@ -1,25 +1,8 @@
 #include "platform/DiskFile.h"
 
-#include <QDir>
-#include <QFileInfo>
-
-#include <string>
-
-#include <windows.h>
+#include "platform/windows/NativeFile.h"
 
 namespace {
-
-HANDLE HandleOf(qint64 handle) { return reinterpret_cast<HANDLE>(static_cast<intptr_t>(handle)); }
-
-/// In the form that may be longer than the names of old programs.
-std::wstring NativeName(const QString& path) {
-    const QString name = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-    if (name.startsWith(QStringLiteral("\\\\?\\")) || name.startsWith(QStringLiteral("\\\\.\\")))
-        return name.toStdWString();
-    if (name.startsWith(QStringLiteral("\\\\")))
-        return (QStringLiteral("\\\\?\\UNC") + name.mid(1)).toStdWString();
-    return (QStringLiteral("\\\\?\\") + name).toStdWString();
-}
 
 bool IsHeldNow(DWORD reason) {
     return reason == ERROR_SHARING_VIOLATION || reason == ERROR_LOCK_VIOLATION || reason == ERROR_USER_MAPPED_FILE;
@@ -31,10 +14,7 @@ constexpr DWORD PauseMilliseconds = 50;
 
 HANDLE Opened(const QString& path, DiskFile::Way way) {
     using Way = DiskFile::Way;
-    const DWORD manner = way == Way::New             ? CREATE_NEW
-                         : way == Way::StraightToNew ? CREATE_ALWAYS
-                         : way == Way::Straight      ? TRUNCATE_EXISTING
-                                                     : OPEN_EXISTING;
+    const DWORD manner = way == Way::New ? CREATE_NEW : way == Way::StraightToNew ? CREATE_ALWAYS : OPEN_EXISTING;
     const bool straight = way == Way::Straight || way == Way::StraightToNew;
     const DWORD access = straight ? GENERIC_WRITE : GENERIC_READ | GENERIC_WRITE;
     // Nobody else writes meanwhile.
@@ -70,7 +50,7 @@ DiskFile::DiskFile(const QString& path, Way way, Audience) : path_(path), append
     if (file == INVALID_HANDLE_VALUE)
         Failed();
     else
-        handle_ = static_cast<qint64>(reinterpret_cast<intptr_t>(file));
+        handle_ = NumberOf(file);
 }
 
 DiskFile::~DiskFile() { Close(); }

@@ -1,21 +1,9 @@
 #include "platform/LockFile.h"
 
 #include "platform/DiskFile.h"
-
-#include <QDir>
-#include <QFileInfo>
-
-#include <string>
-
-#include <windows.h>
+#include "platform/windows/NativeFile.h"
 
 namespace {
-
-HANDLE HandleOf(qint64 handle) { return reinterpret_cast<HANDLE>(static_cast<intptr_t>(handle)); }
-
-std::wstring NativeName(const QString& path) {
-    return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()).toStdWString();
-}
 
 constexpr DWORD LongestContent = 4096;
 
@@ -28,7 +16,7 @@ LockFile::Outcome LockFile::Take() {
     const HANDLE file = CreateFileW(NativeName(path_).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ,
                                     nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
-        handle_ = static_cast<qint64>(reinterpret_cast<intptr_t>(file));
+        handle_ = NumberOf(file);
         return Outcome::Taken;
     }
     const DWORD reason = GetLastError();

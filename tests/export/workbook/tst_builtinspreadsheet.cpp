@@ -1,8 +1,10 @@
+#include "export/EarlierWorkbook.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
 #include "export/workbook/PackageOf.h"
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
 #include "support/RecordingLauncher.h"
+#include "support/ScriptedPrompts.h"
 #include "support/SmallDisk.h"
 
 #include <QDir>
@@ -132,6 +134,7 @@ class tst_builtinspreadsheet : public QObject {
     void Open_AnotherCopy_WaitsThenNamesIt();
     void Open_AnotherCopySaves_BothRows();
     void Open_CopyThatDied_Goes();
+    void Open_CutOffBesideEarlierVersion_NamedAndOffered();
     void Append_ManyProcesses_AllRows();
     void SetVisible_Saved_Shown();
 
@@ -374,6 +377,23 @@ void tst_builtinspreadsheet::Open_CopyThatDied_Goes() {
         QCOMPARE(Names(), QStringLiteral("r.exl"));
         PutBytes(Path(".r.exl.vellumo-lock"), *text == 't' ? QByteArray() : QByteArray("\0garbled\n1", 10));
     }
+}
+
+void tst_builtinspreadsheet::Open_CutOffBesideEarlierVersion_NamedAndOffered() {
+    QCOMPARE(Append(Path(), QStringLiteral("one")), QString());
+    const QByteArray whole = BytesOf(Path());
+    PutBytes(Path("r.exl.earlier"), whole);
+    for (const qsizetype length : {whole.size() / 2, qsizetype(0)}) {
+        PutBytes(Path(), whole.first(length));
+        QVERIFY(Append(Path(), QStringLiteral("two"))
+                    .contains(QStringLiteral("An earlier version of it is in '%1'").arg(Path("r.exl.earlier"))));
+    }
+    ScriptedPrompts prompts;
+    prompts.Expect(QStringLiteral("is empty or cut off.\n\nAn earlier"), PromptAnswer::Yes).InPart();
+    OfferEarlierWorkbook(Path(), prompts);
+    QCOMPARE(Append(Path(), QStringLiteral("two")), QString());
+    QCOMPARE(Texts(Path()), QStringLiteral("one two"));
+    OfferEarlierWorkbook(Path(), prompts);
 }
 
 void tst_builtinspreadsheet::Append_ManyProcesses_AllRows() {
