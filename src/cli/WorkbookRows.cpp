@@ -15,8 +15,8 @@ WorkbookRows::WorkbookRows(const QString& path, const TestDocument& test, const 
         application_->OpenWorkbook(path);
         isNew_ = false;
     } catch (const SpreadsheetError& failure) {
-        if (failure.Number() == WorkbookOpenElsewhere)
-            throw Failure(WorkbookOpenMessage(path));
+        if (const QString inUse = InUseMessage(failure, path); !inUse.isEmpty())
+            throw Failure(inUse);
         if (!isNew_)
             throw Failure(SaveFailedMessage(failure));
         application_->AddWorkbook();

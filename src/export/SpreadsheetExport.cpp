@@ -1,5 +1,6 @@
 #include "export/SpreadsheetExport.h"
 
+#include "export/EarlierWorkbook.h"
 #include "export/ResultRows.h"
 #include "export/WorkbookPath.h"
 #include "platform/Directories.h"
@@ -64,6 +65,12 @@ QString WorkbookOpenMessage(const QString& path) {
            QStringLiteral("' cannot be appended whilst it is open");
 }
 
+QString InUseMessage(const SpreadsheetError& failure, const QString& path) {
+    if (failure.Number() == WorkbookHeldByVellumo)
+        return failure.Message();
+    return failure.Number() == WorkbookOpenElsewhere ? WorkbookOpenMessage(path) : QString();
+}
+
 QString SaveFailedMessage(const SpreadsheetError& failure) {
     return QStringLiteral("Error ") + QString::number(failure.Number()) +
            QStringLiteral(" : Failed to save Excel File - ") + failure.Message();
@@ -95,6 +102,7 @@ QString SpreadsheetExport::ConfirmedPath(Session& session, const QString& path) 
 
 Result SpreadsheetExport::ExportTo(Session& session, const QString& path) {
     const auto closed = qScopeGuard([this] { windows_.CloseSteps(); });
+    OfferEarlierWorkbook(path, prompts_);
     windows_.ShowStep(QStringLiteral("Opening Excel for Export"));
     try {
         const std::unique_ptr<SpreadsheetApplication> application = attach_();
@@ -114,9 +122,10 @@ SpreadsheetExport::Opened SpreadsheetExport::Open(SpreadsheetApplication& applic
         application.OpenWorkbook(path);
         return Opened::Existing;
     } catch (const SpreadsheetError& failure) {
-        if (failure.Number() != WorkbookOpenElsewhere)
+        const QString inUse = InUseMessage(failure, path);
+        if (inUse.isEmpty())
             return Opened::New;
-        prompts_.Inform(WorkbookOpenMessage(path));
+        prompts_.Inform(inUse);
         return Opened::Failed;
     }
 }

@@ -84,5 +84,8 @@ class SpreadsheetExport : public SpreadsheetExporter {
 
 /// The message for a workbook that is open elsewhere.
 QString WorkbookOpenMessage(const QString& path);
+/// What the user is told when the failure is that another program, or another Vellumo, has the workbook; empty
+/// otherwise.
+QString InUseMessage(const SpreadsheetError& failure, const QString& path);
 /// The message for one that couldn't be saved.
 QString SaveFailedMessage(const SpreadsheetError& failure);

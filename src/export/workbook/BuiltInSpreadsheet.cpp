@@ -1,6 +1,7 @@
 #include "export/workbook/BuiltInSpreadsheet.h"
 
 #include "base/Text.h"
+#include "export/EarlierWorkbook.h"
 #include "export/workbook/WorkbookError.h"
 #include "platform/SafeFile.h"
 
@@ -68,7 +69,8 @@ void BuiltInSpreadsheet::OpenWorkbook(const QString& path) {
         throw;
     } catch (const WorkbookError& failure) {
         refusal_ = QStringLiteral("The file ") + Quoted(path) +
-                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message();
+                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message() +
+                   EarlierWorkbookHint(path);
         throw Refused(refusal_);
     }
 }
@@ -81,7 +83,8 @@ void BuiltInSpreadsheet::TakeLock(const QString& path) {
     case WorkbookLock::Outcome::Taken:
         return;
     case WorkbookLock::Outcome::Busy:
-        throw OpenElsewhere(path);
+        throw SpreadsheetError(WorkbookHeldByVellumo, QStringLiteral("The file ") + Quoted(path) +
+                                                          QStringLiteral(" can't be changed now: ") + lock_->Holder());
     case WorkbookLock::Outcome::Impossible:
         break;
     }
@@ -157,7 +160,7 @@ void BuiltInSpreadsheet::Write() {
                       failure.Message());
     }
     workbook_.reset();
-    if (const Result written = WriteFile(path_, bytes); !written)
+    if (const Result written = WriteFile(path_, bytes, Audience::OwnerOnly, lock_ ? &*lock_ : nullptr); !written)
         throw Refused(written.Message());
     savedPath_ = path_;
     lock_.reset();
