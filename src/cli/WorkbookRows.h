@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export/ResultRows.h"
+#include "export/ResultSheet.h"
 #include "platform/SpreadsheetApplication.h"
 #include "taker/Report.h"
 #include "taker/ResponsesFile.h"
@@ -14,12 +14,13 @@ class WorkbookRows {
     /// Adds the reader's current row.
     void Append(const ResponsesReader& reader);
     void Save();
+    /// What is to be said about the workbook's columns, or nothing.
+    const QString& Note() const { return sheet_.Note(); }
 
   private:
     QString path_;
     QDate date_;
     std::unique_ptr<SpreadsheetApplication> application_;
-    std::vector<ResultColumn> columns_;
+    ResultSheet sheet_;
     bool isNew_ = false;
-    int row_ = 0;
 };
