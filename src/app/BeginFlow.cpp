@@ -1,7 +1,7 @@
 #include "app/BeginFlow.h"
 
 #include "taker/Administration.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 
 bool BeginFlow::Begin(const QString& path) {
     if (!LoadTestWithQuestions(path))
@@ -19,7 +19,7 @@ bool BeginFlow::BeginWithoutNames(const QString& path) {
 
 bool BeginFlow::Load(const QString& path) {
     try {
-        const Result opened = OpenTest(session_.Test, path);
+        const Result opened = OpenTestOrEarlier(session_.Test, path, prompts_);
         if (!opened)
             prompts_.Inform(opened.Message());
         return opened.Ok();

@@ -63,9 +63,13 @@ bool WriteReports(QFile& file, TestDocument& test, const ReportContext& context,
     Rewind(file);
     ReadResponses(file, test, ResponsesReader::Texts::Kept, console, [&](const ResponsesReader& reader) {
         const int saidBefore = prompts.Count();
-        const QString path = ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
-        const Result written =
-            WriteReportFile(path, ReportOfRow(reader, test, context), test.TestOption(AppendToReportFile));
+        const auto nextPath = [&] {
+            return ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
+        };
+        QString path = nextPath();
+        const QString report = ReportOfRow(reader, test, context);
+        const Result written = test.TestOption(AppendToReportFile) ? WriteReportFile(path, report, true)
+                                                                   : WriteNewReportFile(path, report, nextPath);
         const QString row = QStringLiteral("row %1: ").arg(reader.Row());
         if (!written)
             Say(console, row + written.Message());
@@ -122,8 +126,8 @@ int Run(const CommandLine& line, Console& console) {
     // From here on things are written.
     if (workbook) {
         workbook->Save();
-        if (!workbook->Note().isEmpty())
-            Say(console, workbook->Note());
+        for (const QString& note : workbook->Notes())
+            Say(console, note);
     }
     const bool allWritten = directory.isEmpty() || WriteReports(file, test, context, console);
     Output output(console.Out);

@@ -1,7 +1,7 @@
 #include "cli/Command.h"
 #include "cli/JsonWriter.h"
 #include "cli/Output.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 
 namespace {
 
@@ -126,8 +126,7 @@ void WriteOptions(JsonWriter& json, const TestDocument& test) {
 
 int Run(const CommandLine& line, Console& console) {
     TestDocument test;
-    if (const Result opened = OpenTest(test, AbsolutePath(line.Files[0])); !opened)
-        throw Failure(opened.Message());
+    OpenTestNamingEarlier(test, AbsolutePath(line.Files[0]));
     JsonWriter json;
     json.BeginObject();
     WriteTexts(json, test);

@@ -42,6 +42,10 @@ void WorkbookRows::Save() {
         else
             application_->SaveActiveWorkbook();
     } catch (const SpreadsheetError& failure) {
-        throw Failure(SaveFailedMessage(failure));
+        if (failure.Number() != WorkbookSavedBut)
+            throw Failure(SaveFailedMessage(failure));
+        notes_.append(failure.Message());
     }
+    if (!sheet_.Note().isEmpty())
+        notes_.append(sheet_.Note());
 }

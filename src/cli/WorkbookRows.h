@@ -5,6 +5,8 @@
 #include "taker/Report.h"
 #include "taker/ResponsesFile.h"
 
+#include <QStringList>
+
 /// Many rows for one workbook, which is opened, or begun, at once and written in one go. Failures throw Failure; until
 /// Save() nothing is written.
 class WorkbookRows {
@@ -14,8 +16,8 @@ class WorkbookRows {
     /// Adds the reader's current row.
     void Append(const ResponsesReader& reader);
     void Save();
-    /// What is to be said about the workbook's columns, or nothing.
-    const QString& Note() const { return sheet_.Note(); }
+    /// What the user is to be told about the workbook that was saved.
+    const QStringList& Notes() const { return notes_; }
 
   private:
     QString path_;
@@ -23,4 +25,5 @@ class WorkbookRows {
     std::unique_ptr<SpreadsheetApplication> application_;
     ResultSheet sheet_;
     bool isNew_ = false;
+    QStringList notes_;
 };

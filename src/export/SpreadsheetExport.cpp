@@ -1,5 +1,6 @@
 #include "export/SpreadsheetExport.h"
 
+#include "export/EarlierWorkbook.h"
 #include "export/ResultSheet.h"
 #include "export/WorkbookPath.h"
 #include "platform/Directories.h"
@@ -103,6 +104,7 @@ QString SpreadsheetExport::ConfirmedPath(Session& session, const QString& path) 
 
 Result SpreadsheetExport::ExportTo(Session& session, const QString& path) {
     const auto closed = qScopeGuard([this] { windows_.CloseSteps(); });
+    OfferEarlierWorkbook(path, prompts_);
     windows_.ShowStep(QStringLiteral("Opening Excel for Export"));
     try {
         const std::unique_ptr<SpreadsheetApplication> application = attach_();
@@ -161,9 +163,12 @@ bool SpreadsheetExport::Save(SpreadsheetApplication& application, Session& sessi
         else
             application.SaveActiveWorkbook();
     } catch (const SpreadsheetError& failure) {
-        prompts_.Inform(SaveFailedMessage(failure));
-        LeaveToUser(application);
-        return false;
+        const bool isSaved = failure.Number() == WorkbookSavedBut;
+        prompts_.Inform(isSaved ? failure.Message() : SaveFailedMessage(failure));
+        if (!isSaved) {
+            LeaveToUser(application);
+            return false;
+        }
     }
     // Only now: what failed can be tried again without a word about an export that never was.
     session.SpreadsheetExported = true;

@@ -188,12 +188,10 @@ SaveOutcome SaveTestFile(TestDocument& test) {
     if (!outcome.Written)
         return CannotBeSaved(path, outcome.Reason, outcome.Kept);
 
-    QStringList messages;
     const QString why = WhyNotOpened(path, LengthWhenRead(written.Text));
-    if (!why.isEmpty())
-        messages.append(QStringLiteral("The test was saved as '") + path +
-                        QStringLiteral("', but it can't be opened again as it is. ") + why);
-    if (!outcome.Kept.isEmpty())
-        messages.append(QStringLiteral("The test was saved as '") + path + QStringLiteral("', but ") + outcome.Kept);
-    return {true, why.isEmpty(), messages.join(u'\n')};
+    if (why.isEmpty())
+        return {true, true, {}};
+    return {true, false,
+            QStringLiteral("The test was saved as '") + path +
+                QStringLiteral("', but it can't be opened again as it is. ") + why};
 }

@@ -431,7 +431,7 @@ void tst_frmtesteditor::Save_Fails_TestAndQuestionStay() {
         editor.prompts.Expect(message).InPart();
         QVERIFY(!editor.window->close());
     }
-    QCOMPARE(BytesOf(editor.Path(u"mood.vlm.earlier"_s)), Mood);
+    QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
     editor.ClickOn(u"Command1"_s);
     QVERIFY(BytesOf(editor.Path(u"mood.vlm"_s)).startsWith("[TITLE]Mood is too long for this disk"));
     QVERIFY(editor.window->close());

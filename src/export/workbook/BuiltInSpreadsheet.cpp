@@ -1,6 +1,7 @@
 #include "export/workbook/BuiltInSpreadsheet.h"
 
 #include "base/Text.h"
+#include "export/EarlierWorkbook.h"
 #include "export/workbook/WorkbookError.h"
 #include "platform/SafeFile.h"
 
@@ -65,7 +66,8 @@ void BuiltInSpreadsheet::OpenWorkbook(const QString& path) {
         throw;
     } catch (const WorkbookError& failure) {
         refusal_ = QStringLiteral("The file ") + Quoted(path) +
-                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message();
+                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message() +
+                   EarlierWorkbookHint(path);
         throw Refused(refusal_);
     }
 }
@@ -78,7 +80,8 @@ void BuiltInSpreadsheet::TakeLock(const QString& path) {
     case WorkbookLock::Outcome::Taken:
         return;
     case WorkbookLock::Outcome::Busy:
-        throw OpenElsewhere(path);
+        throw SpreadsheetError(WorkbookHeldByVellumo, QStringLiteral("The file ") + Quoted(path) +
+                                                          QStringLiteral(" can't be changed now: ") + lock_->Holder());
     case WorkbookLock::Outcome::Impossible:
         break;
     }
@@ -154,10 +157,16 @@ void BuiltInSpreadsheet::Write() {
                       failure.Message());
     }
     workbook_.reset();
-    if (const Result written = WriteFile(path_, bytes); !written)
-        throw Refused(written.Message());
+    WriteManner manner;
+    manner.Held = lock_ ? &*lock_ : nullptr;
+    const WriteOutcome outcome = WriteFileInManner(path_, bytes, manner);
+    const QString message = ResultOf(path_, outcome).Message();
+    if (!outcome.Written)
+        throw Refused(message);
     savedPath_ = path_;
     lock_.reset();
+    if (!message.isEmpty())
+        throw SpreadsheetError(WorkbookSavedBut, message);
 }
 
 void BuiltInSpreadsheet::SetVisible(bool visible) {

@@ -129,7 +129,7 @@ class tst_builtinspreadsheet : public QObject {
     void Save_NothingSet_FileUntouched();
     void Open_OpenElsewhere_462_data();
     void Open_OpenElsewhere_462();
-    void Open_AnotherCopy_WaitsThen462();
+    void Open_AnotherCopy_WaitsThenNamesIt();
     void Open_AnotherCopySaves_BothRows();
     void Open_CopyThatDied_Goes();
     void Append_ManyProcesses_AllRows();
@@ -278,7 +278,7 @@ void tst_builtinspreadsheet::Save_Link_Followed() {
     // Both ways to the workbook are one for the lock, and for that of another program.
     BuiltInSpreadsheet first(Impatient());
     first.OpenWorkbook(Path("link.exl"));
-    QVERIFY(Append(Path("far/r.exl"), QStringLiteral("three")).startsWith(QStringLiteral("462: ")));
+    QVERIFY(Append(Path("far/r.exl"), QStringLiteral("three")).startsWith(QStringLiteral("463: ")));
     first.Quit();
     PutBytes(Path("far/.~lock.r.exl#"), ",ann,,;");
     QVERIFY(Append(Path("link.exl"), QStringLiteral("three")).startsWith(QStringLiteral("462: ")));
@@ -327,14 +327,17 @@ void tst_builtinspreadsheet::Open_OpenElsewhere_462() {
     QCOMPARE(Texts(Path()), QStringLiteral("one two"));
 }
 
-void tst_builtinspreadsheet::Open_AnotherCopy_WaitsThen462() {
+void tst_builtinspreadsheet::Open_AnotherCopy_WaitsThenNamesIt() {
     BuiltInSpreadsheet first(Impatient());
     QVERIFY(Refusal([&] { first.OpenWorkbook(Path()); }).contains(QStringLiteral("There is no file")));
     int calls = 0;
     BuiltInSpreadsheet second({nullptr, {}, [&] { ++calls; }, 300});
     QElapsedTimer time;
     time.start();
-    QVERIFY(Append(second, Path(), QStringLiteral("x")).startsWith(QStringLiteral("462: ")));
+    QVERIFY(Append(second, Path(), QStringLiteral("x"))
+                .startsWith(QStringLiteral("463: The file '%1' can't be changed now: another Vellumo is writing it "
+                                           "(process %2 on ")
+                                .arg(Path(), QString::number(QCoreApplication::applicationPid()))));
     QVERIFY(time.elapsed() >= 300 && time.elapsed() < 2000);
     QVERIFY(calls >= 5);
     QCOMPARE(BuiltInSpreadsheetParts().PatienceMilliseconds, 10'000);
@@ -362,11 +365,15 @@ void tst_builtinspreadsheet::Open_CopyThatDied_Goes() {
             auto* lock = new WorkbookLock(Path());
             lock->Take(0, {});
         });
-        QVERIFY(Append(Path(), QStringLiteral("two")).startsWith(QStringLiteral("462: ")));
+        QVERIFY(Append(Path(), QStringLiteral("two")).startsWith(QStringLiteral("463: ")));
     }
     QVERIFY(Names().contains(QStringLiteral(".r.exl.vellumo-lock")));
-    QCOMPARE(Append(Path(), QStringLiteral("two")), QString());
-    QCOMPARE(Names(), QStringLiteral("r.exl"));
+    // Nor does one lock that is empty, or holds anything.
+    for (const char* text : {"two", "three", "four"}) {
+        QCOMPARE(Append(Path(), QLatin1String(text)), QString());
+        QCOMPARE(Names(), QStringLiteral("r.exl"));
+        PutBytes(Path(".r.exl.vellumo-lock"), *text == 't' ? QByteArray() : QByteArray("\0garbled\n1", 10));
+    }
 }
 
 void tst_builtinspreadsheet::Append_ManyProcesses_AllRows() {
