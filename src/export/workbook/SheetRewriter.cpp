@@ -74,6 +74,9 @@ void SheetRewriter::TakeNext() {
         then_ = Then::CloseRows;
         return;
     case SheetReader::Part::Row:
+        if (written_.Number() > reader_.Row().Number &&
+            (stale_ == changes_.Stale.end() || stale_->Row != reader_.Row().Number))
+            return;
         scanner.CopyUpTo(scanner.End() - reader_.Row().Xml.size());
         newRowsBefore_ = reader_.Row().Number;
         then_ = Then::Row;
