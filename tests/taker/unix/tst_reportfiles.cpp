@@ -64,14 +64,15 @@ void tst_reportfiles::Append_ProgramEndedInTheMiddle_CompletedAndSaid_data() {
     QTest::addColumn<int>("taken");
     QTest::addColumn<QByteArray>("stays");
     const QByteArray cutOff = "[The report above was cut off: Vellumo ended while writing it.]\r\n";
-    QTest::newRow("nothing") << 0 << QByteArray();
-    QTest::newRow("in a line") << 3 << "Mor\r\n" + cutOff;
-    QTest::newRow("in a letter") << 10 << "More by B\r\n" + cutOff;
-    QTest::newRow("in a line break") << 13 << "More by B\xC3\xB6\r\n" + cutOff;
-    QTest::newRow("after a line") << 14 << "More by B\xC3\xB6\r\n" + cutOff;
-    QTest::newRow("without a lock left") << -1
-                                         << "\r\n[The text above doesn't end with a line break: it may have been "
-                                            "cut off.]\r\n";
+    const auto row = [](const char* name, int taken, const QByteArray& stays) {
+        QTest::newRow(name) << taken << stays;
+    };
+    row("nothing", 0, {});
+    row("in a line", 3, "Mor\r\n" + cutOff);
+    row("in a letter", 10, "More by B\r\n" + cutOff);
+    row("in a line break", 12, "More by B\xC3\xB6\r\n" + cutOff);
+    row("after a line", 13, "More by B\xC3\xB6\r\n" + cutOff);
+    row("without a note", -1, "\r\n[The text above doesn't end with a line break: it may have been cut off.]\r\n");
 }
 
 void tst_reportfiles::Append_ProgramEndedInTheMiddle_CompletedAndSaid() {
