@@ -16,7 +16,7 @@ QString Shown(const CellValue& value) {
     return std::holds_alternative<QString>(value) ? u'"' + std::get<QString>(value) + u'"' : QStringLiteral("-");
 }
 
-QByteArray SheetAfter(const QByteArray& package) { return ZipPackage(package).Read(SheetName, 1 << 20); }
+QByteArray SheetAfter(const QByteArray& package) { return ZipPackage(package).Read(SheetName, 1 << 30); }
 
 /// The sheet's content after the cells were set, without its root tags.
 QByteArray Changed(const QByteArray& content, const QList<std::pair<int, int>>& cells) {
