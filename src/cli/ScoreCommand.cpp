@@ -124,8 +124,11 @@ int Run(const CommandLine& line, Console& console) {
     if (!directory.isEmpty())
         PrepareReports(directory, file, test);
     // From here on things are written.
-    if (workbook)
+    if (workbook) {
         workbook->Save();
+        for (const QString& note : workbook->Notes())
+            Say(console, note);
+    }
     const bool allWritten = directory.isEmpty() || WriteReports(file, test, context, console);
     Output output(console.Out);
     spool.CopyTo(output);

@@ -19,6 +19,8 @@ struct Session {
     QString ReportFilePath;
     bool AutoReportDone = false;
     bool SpreadsheetExported = false;
+    /// The full path of the workbook that this administration's results went to last; empty when they went to none.
+    QString SpreadsheetFilePath;
 
     /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
     /// the settings say and may then be changed for the rest of the run.

@@ -8,6 +8,6 @@ class SpreadsheetExporter {
   public:
     virtual ~SpreadsheetExporter() = default;
 
-    /// Exports the session's results. Sets its SpreadsheetExported when it comes to saving, which may still fail.
+    /// Exports the session's results. Sets its SpreadsheetExported and SpreadsheetFilePath once they are saved.
     virtual Result Export(Session& session) = 0;
 };

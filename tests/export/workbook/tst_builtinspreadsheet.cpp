@@ -16,6 +16,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -121,6 +122,7 @@ class tst_builtinspreadsheet : public QObject {
     void Save_Unreadable_RefusedAndUntouched_data();
     void Save_Unreadable_RefusedAndUntouched();
     void Save_DamagedAnywhere_RefusedOrRead();
+    void Save_LargeSheet_LittleMemory();
     void Save_FolderMissing_Reason();
     void Save_NoPermission_Untouched_data();
     void Save_NoPermission_Untouched();
@@ -165,7 +167,7 @@ void tst_builtinspreadsheet::Save_Unreadable_RefusedAndUntouched_data() {
     QTest::newRow("older format") << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and so on")
                                   << "it is protected with a password, or it is in the older format of .xls files";
     QTest::newRow("bomb") << WithSheetSize(sound, 4'000'000'000)
-                          << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 536,870,912 "
+                          << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 2,147,483,648 "
                              "can be read";
     QTest::newRow("bomb that lies") << WithSheetSize(WorkbookWith("<sheetData/>" + QByteArray(1 << 20, ' ')), 99)
                                     << "its part 'xl/worksheets/sheet1.xml' is damaged (";
@@ -198,6 +200,51 @@ void tst_builtinspreadsheet::Save_DamagedAnywhere_RefusedOrRead() {
             QVERIFY(BytesOf(Path()) != damaged);
     }
     QCOMPARE(Names(), QStringLiteral("r.exl"));
+}
+
+// The tool that adds a row to a sheet of 100 MB holds a small part of it at any time.
+void tst_builtinspreadsheet::Save_LargeSheet_LittleMemory() {
+    class Rows : public ByteSource {
+      public:
+        qint64 Read(char* to, qint64 most) override {
+            if (given_ == ready_.size()) {
+                given_ = 0;
+                ready_ = row_ > MostRows ? QByteArray()
+                                         : "<row r='" + QByteArray::number(row_) + "'><c r='A" + QByteArray::number(row_) +
+                                               "'><v>1</v></c><!--" + QByteArray(1000, '-').replace("--", "- ") + "--></row>";
+                if (row_ == 0)
+                    ready_ = "<worksheet><sheetData>";
+                else if (row_ == MostRows)
+                    ready_ += "</sheetData></worksheet>";
+                ++row_;
+            }
+            const qint64 count = qMin<qint64>(most, ready_.size() - given_);
+            std::memcpy(to, ready_.constData() + given_, static_cast<size_t>(count));
+            given_ += count;
+            return count;
+        }
+
+      private:
+        static constexpr int MostRows = 100'000;
+        int row_ = 0;
+        QByteArray ready_;
+        qint64 given_ = 0;
+    };
+    ZipPackage package(NewWorkbookBytes());
+    package.Put(SheetName, [] { return std::make_unique<Rows>(); }, 200 << 20);
+    PutBytes(Path(), package.Pack());
+    PutBytes(Path("t.vlm"), "[TITLE]T[/TITLE][Q]One[A]a[v=1][/A][/Q][INCLUDE CLIENT NAME IN EXCEL FILE]");
+    PutBytes(Path("r.csv"), "client\nAnn\n");
+    QProcess process;
+    process.start(qEnvironmentVariable("VELLUMO_CLI"), {QStringLiteral("score"), Path("t.vlm"), Path("r.csv"),
+                                                        QStringLiteral("--workbook"), Path()});
+    QVERIFY(process.waitForFinished(300'000));
+    QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+#ifndef __SANITIZE_ADDRESS__
+    QVERIFY2(usage.ru_maxrss < 80 << 10, qPrintable(QString::number(usage.ru_maxrss)));
+#endif
 }
 
 void tst_builtinspreadsheet::Save_FolderMissing_Reason() {
