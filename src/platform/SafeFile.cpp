@@ -42,8 +42,6 @@ WriteOutcome WriteStraight(const QString& path, const QByteArray& content, const
                   manner.Readers);
     if (!file.IsOpen() || !file.Write(content) || !file.Flush() || !file.Close())
         return {false, file.Reason(), NothingThere};
-    if (!manner.StopsBecause.isEmpty())
-        return {false, manner.StopsBecause, NothingThere};
     return {true, {}, {}};
 }
 
@@ -67,7 +65,6 @@ class Replacing {
   private:
     WriteOutcome Stopped(const QString& reason) const { return {false, reason, isNew_ ? NothingThere : Unchanged}; }
     QString WriteFresh();
-    WriteOutcome KeepPiece(const QString& reason);
     WriteOutcome MoveToTarget();
     WriteOutcome WriteInPlace();
     WriteOutcome PutBack(const QString& copy, const QString& reason);
@@ -78,7 +75,7 @@ class Replacing {
     bool isNew_;
     QString fresh_;
     bool accessKept_ = true;
-    bool pieceWritten_ = false;
+    bool freshIsOwn_ = false;
 };
 
 WriteOutcome Replacing::Run() {
@@ -90,15 +87,14 @@ WriteOutcome Replacing::Run() {
         if (!target.IsOpen())
             return Stopped(target.Reason());
     }
-    if (!isNew_ && !manner_.StopsBecause.isEmpty())
-        return Stopped(manner_.StopsBecause);
-    if (const QString reason = WriteFresh(); !reason.isEmpty())
-        return KeepPiece(reason);
+    if (const QString reason = WriteFresh(); !reason.isEmpty()) {
+        if (freshIsOwn_)
+            QFile::remove(fresh_);
+        return Stopped(reason);
+    }
     const WriteOutcome outcome = accessKept_ ? MoveToTarget() : WriteInPlace();
     if (!outcome.Written)
         QFile::remove(fresh_);
-    else if (!manner_.StopsBecause.isEmpty())
-        return Stopped(manner_.StopsBecause);
     return outcome;
 }
 
@@ -110,7 +106,7 @@ QString Replacing::WriteFresh() {
             return QStringLiteral("there is no such folder");
         return isNew_ ? file.Reason() : QStringLiteral("no new file can be made in its folder: ") + file.Reason();
     }
-    pieceWritten_ = true;
+    freshIsOwn_ = true;
     if (!file.Write(content_) || !file.Flush())
         return file.Reason();
     if (file.Size() != content_.size() || !Holds(file, 0, content_))
@@ -118,14 +114,6 @@ QString Replacing::WriteFresh() {
     if (!isNew_)
         accessKept_ = file.TakeAccessOf(target_);
     return file.Close() ? QString() : file.Reason();
-}
-
-WriteOutcome Replacing::KeepPiece(const QString& reason) {
-    QString ignored;
-    const bool stays = isNew_ && manner_.PieceStays && pieceWritten_;
-    if (pieceWritten_ && (!stays || MoveFileTo(fresh_, target_, false, ignored) != Moved::Done))
-        QFile::remove(fresh_);
-    return Stopped(reason);
 }
 
 WriteOutcome Replacing::MoveToTarget() {

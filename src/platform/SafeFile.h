@@ -7,11 +7,6 @@
 struct WriteManner {
     /// Who may read the file when it is made new.
     Audience Readers = Audience::OwnerOnly;
-    /// When writing stops half way, the piece of a new file stays; otherwise it is removed, lest it pass for the whole.
-    bool PieceStays = false;
-    /// Not empty when content is only the beginning of what was to be written: why there is no more of it. It makes a
-    /// new file if PieceStays, but never takes the place of an earlier version, and is a failure with this reason.
-    QString StopsBecause = {};
     /// Nothing may be there yet; see NameTaken.
     bool MustBeNew = false;
     /// The file's lock, when the caller has it already.

@@ -30,7 +30,7 @@ ReportOutcome ReportFlow::Run() {
 }
 
 void ReportFlow::ShowReport() {
-    navigator_.ShowText(session_.ReportText, QStringLiteral("Report for ") + session_.Test.TestTitle);
+    navigator_.ShowText(session_.ReportText, QStringLiteral("Report for ") + session_.Test.TestTitle, TextKind::Report);
 }
 
 bool ReportFlow::EndsProgram() {

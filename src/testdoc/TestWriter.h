@@ -31,8 +31,6 @@ struct SaveOutcome {
 };
 
 /// Writes the document to the file TestFileName, empties TestFileText, and tries whether the file can be opened again.
-/// When it can't be written, the message is "Test Cannot Be Saved: path: reason", and the earlier version stays as it
-/// was; of a new file, what was written till then stays.
-/// When it can't be opened again, the message says why: by how many characters it is too long, or what the reader
-/// can't understand.
+/// A test that would be read back as another one, or not at all, isn't written: WhatForbidsSaving gives the reasons.
+/// When nothing is written, the message is "Test Cannot Be Saved: path: reason", and the earlier version is what it was.
 SaveOutcome SaveTestFile(TestDocument& test);

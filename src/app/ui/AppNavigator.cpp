@@ -127,11 +127,11 @@ void AppNavigator::ShowGeneralOptions() {
     TakeChangedHtmlSettings(parts_.Run, before);
 }
 
-void AppNavigator::ShowText(const QString& text, const QString& caption) {
+void AppNavigator::ShowText(const QString& text, const QString& caption, TextKind kind) {
     reports_.removeAll(nullptr);
     auto* report = Owned(new frmEdit(parts_.Ports, *this));
     reports_.append(report);
-    report->ShowText(text, caption);
+    report->ShowText(text, caption, kind);
 }
 
 void AppNavigator::ShowHelp(HelpTopic topic) {

@@ -48,7 +48,7 @@ class AppNavigator : public Navigator {
     bool BeginLoadedTest() override;
     bool AskNames(const QString& caption) override;
     void ShowGeneralOptions() override;
-    void ShowText(const QString& text, const QString& caption) override;
+    void ShowText(const QString& text, const QString& caption, TextKind kind) override;
     void ShowHelp(HelpTopic topic) override;
     void ShowAbout() override;
     bool EditTest() override;
