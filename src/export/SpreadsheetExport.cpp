@@ -150,6 +150,8 @@ Result SpreadsheetExport::Save(SpreadsheetApplication& application, Session& ses
         LeaveToUser(application);
         return Result::Done();
     }
+    if (opened == Opened::New && session.FileMade)
+        session.FileMade(path);
     windows_.CloseSteps();
     if (!session.Test.TestOption(OpenExcelReportWhenCompleted)) {
         application.Quit();

@@ -2,6 +2,8 @@
 
 #include "platform/Directories.h"
 
+#include <QFileInfo>
+
 const QList<OptionBox>& ReportFileBoxes() {
     static const QList<OptionBox> boxes = {
         {AppendToReportFile, QStringLiteral("Append to File"), OptionFrame::General},
@@ -37,10 +39,13 @@ Result AutoReportFlow::Write() {
     if (path.isEmpty() || path == NoReportFile)
         return Result::Done();
     const TestDocument& test = session_.Test;
+    const bool isNew = !QFileInfo::exists(path);
     if (Result written = WriteReportFile(path, session_.ReportText, test.TestOption(AppendToReportFile)); !written) {
         report_.ShowReport();
         return written;
     }
+    if (isNew && session_.FileMade)
+        session_.FileMade(path);
     return test.TestOption(OpenReportWhenCompleted) ? launcher_.Open(session_.UserSettings.DefaultEditor, path)
                                                     : Result::Done();
 }
