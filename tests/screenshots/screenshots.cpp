@@ -96,7 +96,7 @@ void TestWindows(Camera& camera) {
     program.office.Entries[SpreadsheetKey] = QStringLiteral("Excel.Sheet.12");
     LoadSettingsOnce(program.start, program.session, program.store, program.folders);
     Load(program, QStringLiteral("Mood Diary.vlm"));
-    program.session.ClientName = QStringLiteral("Ann Lee");
+    program.session.ClientName = program.session.KeptClientName = QStringLiteral("Ann Lee");
     program.navigator.BeginLoadedTest();
     FrmTest& window = *program.navigator.TestWindow();
     camera.Take(window, QStringLiteral("test-window-instructions"));
@@ -158,10 +158,10 @@ void Dialogs(Camera& camera) {
     program.session.ClientName = QStringLiteral("Ann Lee");
 
     frmClient names(program.session, program.store, program.navigator, QStringLiteral("Commencing 'Sleep Week'"),
-                    NamesAskedBy(program.session.Test));
+                    NamesAskedBy(program.session.Test), NamesFor::Next);
     camera.Take(names, QStringLiteral("names"));
 
-    frmOptions options(program.session.UserSettings, program.store, program.folders, program.chooser,
+    frmOptions options(program.session.UserSettings, program.store, program.folders, program.prompts, program.chooser,
                        program.navigator);
     camera.Take(options, QStringLiteral("general-options"));
     Find<QTabWidget>(options, QStringLiteral("tbsOptions")).setCurrentIndex(1);
