@@ -179,7 +179,7 @@ void tst_startscreen::Load_Again_KeepsTheSelection() {
     screen.List().setCurrentRow(1);
     screen.Push("Label5");
     QCOMPARE(screen.List().currentItem()->text(), QStringLiteral("Quiz"));
-    screen.session.Test.TestFileName = inMemory.replace(u"HERE", QDir::currentPath());
+    screen.session.Test.TestFileName = inMemory.replace(QStringLiteral("HERE"), QDir::currentPath());
     Loading_Test again({screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser,
                         screen.navigator, screen.trusted});
     again.Form_Load();

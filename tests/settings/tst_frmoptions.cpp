@@ -227,11 +227,11 @@ void tst_frmoptions::Buttons_NoSuchWorkingDirectory_RefuseAndStay() {
     QFETCH(QString, message);
     Options options;
     options.Open();
-    options.SetText("Txtdirectory", directory.replace(u"HERE", options.folder.path()));
+    options.SetText("Txtdirectory", directory.replace(QStringLiteral("HERE"), options.folder.path()));
     options.SetText("txtsuffix_0", QStringLiteral("other"));
     for (const char* button : {"OkButton", "SaveButton"}) {
         options.ShowTab(1);
-        options.prompts.Expect(message.replace(u"HERE", options.folder.path())).InPart();
+        options.prompts.Expect(message.replace(QStringLiteral("HERE"), options.folder.path())).InPart();
         Click(*options.window, QLatin1String(button));
         QVERIFY(options.window->isVisible());
         QVERIFY(Find<QLineEdit>(*options.window, QStringLiteral("Txtdirectory")).hasFocus());

@@ -23,8 +23,8 @@ class tst_testtrust : public QObject {
 
   private:
     QString Filled(QString text) const {
-        return text.replace(u"OUT", QDir::toNativeSeparators(outside_->path()))
-            .replace(u"HERE", QDir::toNativeSeparators(work_->path()));
+        return text.replace(QStringLiteral("OUT"), QDir::toNativeSeparators(outside_->path()))
+            .replace(QStringLiteral("HERE"), QDir::toNativeSeparators(work_->path()));
     }
 
     std::unique_ptr<QTemporaryDir> work_;
@@ -53,18 +53,20 @@ void tst_testtrust::Acts_AnyTest_AreToldAndConfined_data() {
     row("nothing", "[PROMPT CLIENT NAME][AUTOSAVE REPORT AS CLIENT]");
     row("folder inside",
         "[REPORT DIR]inner[/REPORT DIR][EXCEL DIR]new[/EXCEL DIR][AUTOSAVE REPORT DIRECTORY AS CLIENT]");
-    row("folder outside", "[REPORT DIR]OUT[/REPORT DIR]", {reports + u"'OUT'"});
+    row("folder outside", "[REPORT DIR]OUT[/REPORT DIR]", {reports + QStringLiteral("'OUT'")});
     row("new folders for clients", "[REPORT DIR]OUT/a/b[/REPORT DIR][AUTOSAVE REPORT DIRECTORY AS CLIENT]",
-        {reports + u"'OUT/a/b', in a folder for each client; the folder would be made"});
+        {reports + QStringLiteral("'OUT/a/b', in a folder for each client; the folder would be made")});
 #ifndef Q_OS_WIN
-    row("a link that leads out", "[REPORT DIR]link[/REPORT DIR]", {reports + u"'HERE/link'"});
+    row("a link that leads out", "[REPORT DIR]link[/REPORT DIR]", {reports + QStringLiteral("'HERE/link'")});
 #endif
-    row("dots", "[REPORT DIR]inner/../..[/REPORT DIR]", {reports + u"'ABOVE'"});
+    row("dots", "[REPORT DIR]inner/../..[/REPORT DIR]", {reports + QStringLiteral("'ABOVE'")});
     row("name with a path", "[AUTOSAVE FILENAME]OUT/notes[/AUTOSAVE FILENAME][APPEND TO REPORT FILE]",
-        {reports + u"'OUT'", QStringLiteral("append reports to the file 'OUT/notes.txt', which it did not make")});
+        {reports + QStringLiteral("'OUT'"),
+         QStringLiteral("append reports to the file 'OUT/notes.txt', which it did not make")});
     row("name with a path and a folder that can't be",
         "[REPORT DIR]diary.txt[/REPORT DIR][AUTOSAVE FILENAME]OUT/notes[/AUTOSAVE FILENAME][APPEND TO REPORT FILE]",
-        {reports + u"'OUT'", QStringLiteral("append reports to the file 'OUT/notes.txt', which it did not make")});
+        {reports + QStringLiteral("'OUT'"),
+         QStringLiteral("append reports to the file 'OUT/notes.txt', which it did not make")});
     row("file beside the test", "[AUTOSAVE FILENAME]diary.txt[/AUTOSAVE FILENAME][APPEND TO REPORT FILE]",
         {QStringLiteral("append reports to the file 'HERE/diary.txt', which it did not make")});
     row("file with a client's name",
@@ -88,7 +90,7 @@ void tst_testtrust::Acts_AnyTest_AreToldAndConfined() {
     session.Test = TestFromText(Filled(text));
     const TrustContext context{work_->path(), QStringLiteral("an-editor")};
     for (QString& act : acts)
-        act = Filled(act).replace(u"ABOVE", QFileInfo(work_->path()).path());
+        act = Filled(act).replace(QStringLiteral("ABOVE"), QFileInfo(work_->path()).path());
     for (QString& act : acts)
         act = act.replace(u'/', QDir::separator());
     QCOMPARE(ActsBeyondItsResults(session.Test, context), acts);
