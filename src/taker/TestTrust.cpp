@@ -171,14 +171,17 @@ QStringList ExistingFiles(const std::vector<Target>& targets, bool alsoWithoutCl
     return files;
 }
 
+bool IsOwn(const QString& file, const TrustContext& context) { return context.Made && context.Made(file); }
+
 void AddAppending(QStringList& acts, const QString& what, const QStringList& files, const TrustContext& context) {
+    const QString unless =
+        context.Made ? QStringLiteral(", which it did not make") : QStringLiteral(", unless it made that itself");
     qsizetype foreign = 0;
     for (const QString& file : files)
-        if (!context.Made(file) && ++foreign <= MostFilesNamed)
-            acts.append(what + QStringLiteral(" to the file ") + Shown(file) +
-                        QStringLiteral(", which it did not make"));
+        if (!IsOwn(file, context) && ++foreign <= MostFilesNamed)
+            acts.append(what + QStringLiteral(" to the file ") + Shown(file) + unless);
     if (foreign > MostFilesNamed)
-        acts.append(what + QStringLiteral(" to %1 more files that it did not make").arg(foreign - MostFilesNamed));
+        acts.append(what + QStringLiteral(" to %1 more such files").arg(foreign - MostFilesNamed));
 }
 
 } // namespace
@@ -242,7 +245,7 @@ void ConfineResults(TestDocument& test, const TrustContext& context) {
     test.ExcelFileName = name;
     for (int k = 1;; ++k) {
         const QString path = WorkbookTargets(test, context.WorkingDirectory).front().Path;
-        if ((!QFileInfo::exists(path) && !QFileInfo(path).isSymLink()) || context.Made(path))
+        if ((!QFileInfo::exists(path) && !QFileInfo(path).isSymLink()) || IsOwn(path, context))
             return;
         test.ExcelFileName = name + QStringLiteral("(%1)").arg(k);
     }

@@ -13,8 +13,8 @@ struct TrustContext {
     QString WorkingDirectory;
     /// The program that shows reports.
     QString Editor;
-    /// Whether an administration of this test made the file.
-    std::function<bool(const QString& path)> Made = [](const QString&) { return false; };
+    /// Whether an administration of this test made the file; empty where nobody knows.
+    std::function<bool(const QString& path)> Made = {};
 };
 
 /// What the test would do by itself that a person may not expect of it: write outside the working directory, append to

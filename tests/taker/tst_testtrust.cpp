@@ -88,7 +88,7 @@ void tst_testtrust::Acts_AnyTest_AreToldAndConfined() {
     session.UserSettings.DefaultDirectory = work_->path();
     session.ClientName = QStringLiteral("Ann");
     session.Test = TestFromText(Filled(text));
-    const TrustContext context{work_->path(), QStringLiteral("an-editor")};
+    const TrustContext context{work_->path(), QStringLiteral("an-editor"), [](const QString&) { return false; }};
     for (QString& act : acts)
         act = Filled(act).replace(QStringLiteral("ABOVE"), QFileInfo(work_->path()).path());
     for (QString& act : acts)
