@@ -24,8 +24,6 @@ class tst_beginflow : public QObject {
     void init();
     void Begin_AnyFile_TakesTheWayThatItsContentSays_data();
     void Begin_AnyFile_TakesTheWayThatItsContentSays();
-    void Begin_NamesCancelled_TestWindowStaysClosed();
-    void Begin_TestWindowRefuses_SaysThatItStayedClosed();
     void Begin_TestActsByItself_AsksUntilAllowed_data();
     void Begin_TestActsByItself_AsksUntilAllowed();
     void EnsureWorkingDirectory_Gone_DefaultTakesItsPlace();
@@ -33,7 +31,6 @@ class tst_beginflow : public QObject {
     void PathOfCommandLine_AnyLine_IsUsedAsItStands_data();
     void PathOfCommandLine_AnyLine_IsUsedAsItStands();
     void LoadSettingsOnce_SecondTime_KeepsWhatWasApplied();
-    void LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples();
 
   private:
     QString Put(const QByteArray& content) {
@@ -85,23 +82,6 @@ void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays() {
     QCOMPARE(navigator.Calls, calls);
     for (const QString& shown : prompts.Shown())
         QVERIFY(shown.contains(path) || shown.contains(QStringLiteral("'Empty'")));
-}
-
-void tst_beginflow::Begin_NamesCancelled_TestWindowStaysClosed() {
-    Session session;
-    RecordingNavigator navigator;
-    navigator.AskNamesAnswer = false;
-    ScriptedPrompts prompts;
-    QVERIFY(!BeginFlow(session, navigator, prompts, trusted_).Begin(Put(Mood + "[PROMPT CLIENT NAME]")));
-    QCOMPARE(navigator.Calls, QStringList{QStringLiteral("AskNames(Commencing 'Mood')")});
-}
-
-void tst_beginflow::Begin_TestWindowRefuses_SaysThatItStayedClosed() {
-    Session session;
-    RecordingNavigator navigator;
-    navigator.BeginAnswer = false;
-    ScriptedPrompts prompts;
-    QVERIFY(!BeginFlow(session, navigator, prompts, trusted_).Begin(Put(Mood)));
 }
 
 void tst_beginflow::Begin_TestActsByItself_AsksUntilAllowed_data() {
@@ -212,21 +192,6 @@ void tst_beginflow::LoadSettingsOnce_SecondTime_KeepsWhatWasApplied() {
     LoadSettingsOnce(start, session, store, folders);
     QCOMPARE(session.UserSettings.QuestionPrefix, QStringLiteral("Item "));
     QCOMPARE(session.AdministratorName, QStringLiteral("Dr. Field"));
-}
-
-void tst_beginflow::LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples() {
-    QDir(folder_->path()).mkdir(QStringLiteral("samples"));
-    PutBytes(folder_->filePath(QStringLiteral("samples/Mood.vlm")), Mood);
-    const QString documents = folder_->filePath(QStringLiteral("Documents"));
-    Session session;
-    ProgramStart start;
-    start.Known = {folder_->filePath(QStringLiteral("program")), documents,
-                   folder_->filePath(QStringLiteral("samples"))};
-    MemorySettingsStore store;
-    const DefaultFolders folders = ChooseDefaultFolders(start.Known);
-    LoadSettingsOnce(start, session, store, folders);
-    QCOMPARE(QDir::fromNativeSeparators(session.UserSettings.DefaultDirectory), documents + QStringLiteral("/Vellumo"));
-    QCOMPARE(BytesOf(documents + QStringLiteral("/Vellumo/Mood.vlm")), Mood);
 }
 
 QTEST_GUILESS_MAIN(tst_beginflow)

@@ -47,8 +47,6 @@ class tst_navigator : public QObject {
     void Start_TestLeftUnsaved_IsOffered();
     void EndProgram_WindowsOpen_HidesAllAndLeaves();
     void AskNames_FromStartScreen_BothNamesAreAskedFor();
-    void AskNames_ForATest_FollowsItsPrompts();
-    void AskNames_Escape_IsCancel();
     void ClientName_Given_CountsForOneAdministration();
     void GeneralOptions_NameChanged_IsTheNameOfTheRun();
     void GeneralOptions_NameLeftAlone_KeepsTheNameOfThisTest();
@@ -255,24 +253,6 @@ void tst_navigator::AskNames_FromStartScreen_BothNamesAreAskedFor() {
     QCOMPARE(program.session.AdministratorName, QStringLiteral("Dr. Stone"));
 }
 
-void tst_navigator::AskNames_ForATest_FollowsItsPrompts() {
-    Program program;
-    program.session.Test.TestOption(PromptClientName) = true;
-    DialogDriver driver([](QDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Commencing 'Mood'"));
-        QVERIFY(Find<QLineEdit>(dialog, QStringLiteral("txtclient_0")).isEnabled());
-        QVERIFY(!Find<QLineEdit>(dialog, QStringLiteral("txtclient_1")).isEnabled());
-        Click(dialog, QStringLiteral("Lblok_0"));
-    });
-    QVERIFY(program.navigator.AskNames(QStringLiteral("Commencing 'Mood'")));
-}
-
-void tst_navigator::AskNames_Escape_IsCancel() {
-    Program program;
-    DialogDriver driver([](QDialog& dialog) { Press(dialog, Qt::Key_Escape); });
-    QVERIFY(!program.navigator.AskNames(QStringLiteral("Commencing 'Mood'")));
-}
-
 void tst_navigator::ClientName_Given_CountsForOneAdministration() {
     Started program;
     program.Put(QStringLiteral("Asks.vlm"), "[TITLE]Asks[/TITLE][PROMPT CLIENT NAME][Q]Why?[/Q]");
@@ -285,6 +265,7 @@ void tst_navigator::ClientName_Given_CountsForOneAdministration() {
             names.emplace([&](QDialog& dialog) {
                 auto& box = Find<QLineEdit>(dialog, QStringLiteral("txtclient_0"));
                 QCOMPARE(box.text(), offered);
+                QVERIFY(!Find<QLineEdit>(dialog, QStringLiteral("txtclient_1")).isEnabled());
                 if (!typed.isEmpty())
                     Type(box, typed);
                 Press(box, typed.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);

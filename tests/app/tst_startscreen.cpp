@@ -64,14 +64,11 @@ class tst_startscreen : public QObject {
     void Load_Again_KeepsTheSelection_data();
     void Load_Again_KeepsTheSelection();
     void Select_OtherTitle_ShowsItsParts();
-    void Select_UnreadableFile_TellsWhyAndStays();
     void Select_SameTitles_OpensTheFileAtThatPlace();
     void CmdIntro_EachPart_ShowsItsText();
-    void CmdIntro_QuestionsTwice_ShowsTheSame();
     void Begin_ButtonDoubleClickOrReturn_BeginsAndCloses_data();
     void Begin_ButtonDoubleClickOrReturn_BeginsAndCloses();
     void Begin_NoQuestions_StaysOpenOnTheSelectedTest();
-    void Begin_NamesCancelled_StaysOpen();
     void CommandLine_File_BeginsOnceInARun();
     void CommandLine_UnreadableFile_StaysOpen();
     void Browse_File_BeginsAfterTheNames();
@@ -197,20 +194,6 @@ void tst_startscreen::Select_OtherTitle_ShowsItsParts() {
     QCOMPARE(Find<QLabel>(*screen.window, QStringLiteral("lblSelectedTitle")).text(), QStringLiteral("Quiz"));
 }
 
-void tst_startscreen::Select_UnreadableFile_TellsWhyAndStays() {
-    Screen screen({{QStringLiteral("Binary.vlm"), QByteArray("\0\1", 2)}, {QStringLiteral("Quiz.vlm"), Quiz}});
-    screen.Load();
-    QVERIFY(screen.List().item(0)->text().startsWith(QStringLiteral("Binary.vlm: ")));
-    QVERIFY(Find<QLabel>(*screen.window, QStringLiteral("lblSelectedFile"))
-                .text()
-                .startsWith(QStringLiteral("Can't read the test file 'Binary.vlm': ")));
-    QVERIFY(!screen.Visible("CmdIntro_2"));
-    screen.prompts.Expect(QStringLiteral("Can't read the test file 'Binary.vlm': ")).InPart();
-    screen.Push("cmdBeginTest");
-    QVERIFY(screen.window->isVisible());
-    QVERIFY(screen.navigator.Calls.isEmpty());
-}
-
 void tst_startscreen::Select_SameTitles_OpensTheFileAtThatPlace() {
     Screen screen({{QStringLiteral("A.vlm"), Mood}, {QStringLiteral("B.vlm"), Mood}});
     screen.Load();
@@ -231,18 +214,6 @@ void tst_startscreen::CmdIntro_EachPart_ShowsItsText() {
     QCOMPARE(screen.navigator.ShownTexts,
              QStringList({QStringLiteral("Hello"), QStringLiteral("Choose"),
                           QStringLiteral("INSTRUCTIONS\r\nChoose\r\nQUESTION 1\r\nHow are you?\r\n[ ] Well\r\n\r\n")}));
-}
-
-void tst_startscreen::CmdIntro_QuestionsTwice_ShowsTheSame() {
-    QByteArray scales = "[SUBSCALES]";
-    for (int s = 0; s < 30; ++s)
-        scales += "[S]Scale[/S]";
-    Screen screen({{QStringLiteral("Mood.vlm"), Mood + scales + "[/SUBSCALES]"}});
-    screen.Load();
-    screen.Push("CmdIntro_2");
-    screen.Push("CmdIntro_2");
-    QCOMPARE(screen.navigator.ShownTexts.size(), 2);
-    QCOMPARE(screen.navigator.ShownTexts[1], screen.navigator.ShownTexts[0]);
 }
 
 void tst_startscreen::Begin_ButtonDoubleClickOrReturn_BeginsAndCloses_data() {
@@ -281,15 +252,6 @@ void tst_startscreen::Begin_NoQuestions_StaysOpenOnTheSelectedTest() {
     QVERIFY(screen.window->isVisible());
     screen.Push("CmdIntro_0");
     QCOMPARE(screen.navigator.ShownTexts, QStringList{QStringLiteral("Hello")});
-}
-
-void tst_startscreen::Begin_NamesCancelled_StaysOpen() {
-    Screen screen({{QStringLiteral("Mood.vlm"), Mood + "[PROMPT CLIENT NAME]"}});
-    screen.navigator.AskNamesAnswer = false;
-    screen.Load();
-    screen.Push("cmdBeginTest");
-    QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("AskNames(Commencing 'Mood')")});
-    QVERIFY(screen.window->isVisible());
 }
 
 void tst_startscreen::CommandLine_File_BeginsOnceInARun() {
