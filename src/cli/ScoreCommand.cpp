@@ -2,6 +2,7 @@
 #include "cli/WorkbookRows.h"
 #include "platform/Directories.h"
 #include "taker/AutoReport.h"
+#include "taker/TestTrust.h"
 
 #include <charconv>
 
@@ -88,6 +89,8 @@ void PrepareReports(const QString& directory, QFile& file, TestDocument& test) {
     if (!DirectoryExists(directory))
         throw Failure(QStringLiteral("Can't make directory: ") + directory);
     test.ReportDirectory = directory;
+    // The command line alone says where the reports go.
+    test.AutosaveFileName = PlainName(test.AutosaveFileName);
 }
 
 /// Puts all rows into the workbook, which is left without being saved.

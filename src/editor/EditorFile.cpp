@@ -143,6 +143,8 @@ bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
     saved_ = inFile_ = outcome.Written;
+    if (outcome.Written && parts_.Saved)
+        parts_.Saved(parts_.Test.TestFileName);
     if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
     else if (outcome.Written)

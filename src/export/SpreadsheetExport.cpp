@@ -173,6 +173,8 @@ bool SpreadsheetExport::Save(SpreadsheetApplication& application, Session& sessi
     // Only now: what failed can be tried again without a word about an export that never was.
     session.SpreadsheetExported = true;
     session.SpreadsheetFilePath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    if (opened == Opened::New && session.FileMade)
+        session.FileMade(path);
     return true;
 }
 

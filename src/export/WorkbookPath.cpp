@@ -41,5 +41,5 @@ QString WorkbookPathFor(Session& session, Prompts& prompts) {
     QString path = WithSeparator(folder) + (test.ExcelFileName.isEmpty() ? DefaultWorkbookName : test.ExcelFileName);
     if (test.TestOption(AutosaveExcelReportAsClient) && !client.isEmpty())
         path = PathForPerson(path, QStringLiteral(" "), client, WorkbookExtension).chopped(WorkbookExtension.size());
-    return path.contains(WorkbookExtension) ? path : path + WorkbookExtension;
+    return path.endsWith(WorkbookExtension) ? path : path + WorkbookExtension;
 }

@@ -2,6 +2,8 @@
 
 #include "platform/Directories.h"
 
+#include <QFileInfo>
+
 const QList<OptionBox>& ReportFileBoxes() {
     static const QList<OptionBox> boxes = {
         {AppendToReportFile, QStringLiteral("Append to File"), OptionFrame::General},
@@ -38,6 +40,7 @@ Result AutoReportFlow::Write(const QString& found) {
     if (path.isEmpty() || path == NoReportFile)
         return Result::Done();
     const TestDocument& test = session_.Test;
+    const bool isNew = !QFileInfo::exists(path);
     const bool append = test.TestOption(AppendToReportFile);
     const auto nextPath = [&] { return ReportPathFor(session_.Test, session_.ClientName, prompts_); };
     // A name that nobody has chosen was free when it was found, and its file replaces none.
@@ -47,6 +50,8 @@ Result AutoReportFlow::Write(const QString& found) {
         report_.ShowReport();
         return written;
     }
+    if (isNew && session_.FileMade)
+        session_.FileMade(path);
     return test.TestOption(OpenReportWhenCompleted) ? launcher_.Open(session_.UserSettings.DefaultEditor, path)
                                                     : Result::Done();
 }

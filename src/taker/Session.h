@@ -4,6 +4,9 @@
 #include "taker/ResponseSet.h"
 #include "testdoc/TestDocument.h"
 
+#include <functional>
+#include <utility>
+
 /// Everything that one run of the program holds: the one test, the settings, the current administration, and the values
 /// that live as long as the run. Made once by the program and handed on by reference.
 struct Session {
@@ -11,7 +14,12 @@ struct Session {
     Settings UserSettings;
     ResponseSet Responses;
 
+    /// The client of the administration that is running; "" for none.
     QString ClientName;
+    /// The client's name that was given for the next administration; "" for none.
+    QString NextClientName;
+    /// The name given last. It is offered in the names window, and is nobody's name until that is answered.
+    QString KeptClientName;
     QString AdministratorName;
     bool NamesCancelled = false;
 
@@ -21,6 +29,8 @@ struct Session {
     bool SpreadsheetExported = false;
     /// The full path of the workbook that this administration's results went to last; empty when they went to none.
     QString SpreadsheetFilePath;
+    /// Is told of each file that an administration makes, with its path; may be empty.
+    std::function<void(const QString& path)> FileMade;
 
     /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
     /// the settings say and may then be changed for the rest of the run.
@@ -32,6 +42,9 @@ struct Session {
     /// What ends a multichoice question in a page. A template without it leaves that of the template before.
     QString ClosingPart;
 };
+
+/// An administration begins: its client is the one named for it, and whoever comes after has to be named anew.
+inline void TakeNextClient(Session& session) { session.ClientName = std::exchange(session.NextClientName, QString()); }
 
 /// Lets the values of the web page's export begin as the settings say.
 inline void TakeHtmlSettings(Session& session) {

@@ -265,6 +265,11 @@ class tst_cli : public QObject {
         QVERIFY(lines[0].startsWith((inFolder + QStringLiteral("a.vlm: error: ")).toUtf8()));
         QVERIFY(
             lines[1].startsWith((inFolder + QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
+
+        const QString asks = folder.filePath(QStringLiteral("asks.vlm"));
+        PutBytes(asks, "[Q]one[A]x[v=1][/A][/Q][REPORT DIR]/a/b[/REPORT DIR]");
+        QVERIFY(Run({QStringLiteral("check"), asks})
+                    .Out.contains(asks.toUtf8() + ": warning: Vellumo asks whether the test may write reports into"));
     }
 
     void Score_GoodRows_PrintsScores() {

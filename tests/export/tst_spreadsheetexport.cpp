@@ -151,6 +151,8 @@ void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension_data() {
     QTest::newRow("no client") << dir + inFolder + inName + name << QString() << "Results/Mood.exl";
     QTest::newRow("dangerous client") << inFolder + inName << "../x"
                                       << ".._x~d6b96a/Vellumo Results .._x~d6b96a.exl";
+    QTest::newRow("extension in the folder alone")
+        << QStringLiteral("[EXCEL DIR]x.exl/deep[/EXCEL DIR]") + name << ann << "x.exl/deep/Mood.exl";
     QTest::newRow("extension of another kind")
         << QStringLiteral("[EXCEL FILE NAME]results.xls[/EXCEL FILE NAME]") << ann << "~/results.exl";
     QTest::newRow("only an extension") << QStringLiteral("[EXCEL FILE NAME].exl[/EXCEL FILE NAME]") << ann
