@@ -46,7 +46,14 @@ class Interview {
 void Interview::Tell(const QString& text) { Say(console_, QString(text).replace(LineBreak, QStringLiteral("\n"))); }
 
 void Interview::TellPage() {
-    Tell(u'\n' + administration_.FrameCaption() + u'\n' + administration_.PageText());
+    const bool completed = administration_.Page() == TestPage::Completed;
+    Tell(u'\n' + administration_.FrameCaption() + u'\n' +
+         (completed ? administration_.CompletionText(QStringLiteral(
+                          "Type :report to read the report, or :back to view and change your answers. An empty line "
+                          "ends the test."))
+                    : administration_.PageText()));
+    if (const QString reason = administration_.CannotAnswer(); !reason.isEmpty())
+        Tell(reason + QStringLiteral(" An empty line goes on; the question counts as not answered."));
     if (administration_.ShowsMultichoice()) {
         for (int a = 1; a <= MaxAnswers; ++a)
             if (administration_.AnswerOffered(a))
@@ -60,8 +67,6 @@ void Interview::TellPage() {
         administration_.ShowsMultichoice() ? session_.Responses.ResponseChoice(administration_.CurrentQuestion()) : 0;
     if (chosen != 0)
         Tell(QStringLiteral("Your choice so far: %1").arg(chosen));
-    if (administration_.Page() == TestPage::Completed)
-        Tell(QStringLiteral("(An empty line ends the test; :back goes back.)"));
 }
 
 std::optional<QString> Interview::ReadLine() {
@@ -152,8 +157,8 @@ void Interview::TakeAnswer(const QString& line) {
             return Tell(Quoted(line) + QStringLiteral(" is not the number of an answer."));
     } else if (administration_.ShowsShortAnswer() || administration_.ShowsLongAnswer()) {
         administration_.AcceptText(line);
-    } else {
-        return Tell(QStringLiteral("This question can't be answered. :quit ends the test."));
+    } else if (!line.isEmpty() || !administration_.Continue()) {
+        return Tell(administration_.CannotAnswer() + QStringLiteral(" An empty line goes on."));
     }
     TellPage();
 }

@@ -172,7 +172,7 @@ void Dialogs(Camera& camera) {
 
     program.session.ReportFilePath = QStringLiteral("Reports/Ann Lee/Sleep Week Ann Lee.txt");
     program.session.AutoReportDone = true;
-    AutoReportForm form(program.session);
+    AutoReportForm form(program.session, program.prompts);
     DialogAutoReport autoReport(form, program.session, program.chooser, program.navigator);
     camera.Take(autoReport, QStringLiteral("automatic-report"));
 
