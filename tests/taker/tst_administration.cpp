@@ -142,7 +142,7 @@ void tst_administration::Drafts_Completion_AskedOnce() {
 
 void tst_administration::Completeness_Scales_CountTheirQuestions() {
     Taking taking(QStringLiteral("[SUBSCALES][S]Ease[/S][S]None[/S][/SUBSCALES]"
-                                 "[Q]1[SS]1[/SS][A]a[v=1][/A][/Q][Q]2[SS]1[/SS][A]a[v=0][/A][/Q]"
+                                 "[Q]1[A]a[v=1][/A][SS=1][/Q][Q]2[A]a[v=0][/A][SS=1][/Q]"
                                  "[Q]3[QT]2[/QT][/Q][Q]4[/Q][Q]5[A]a[v=1][/A][/Q]"));
     taking.Do(QStringLiteral("1"));
     const auto scales = CompletenessOf(taking.session.Test, taking.session.Responses);

@@ -741,7 +741,6 @@ void tst_frmtest::Speech_Question_ReadWithItsAnswers() {
     QVERIFY(heard().contains(QStringLiteral("Not accepted yet")));
 
     auto& status = taking.Control<QLabel>(QStringLiteral("LblStatus"));
-    taking.Do(QStringLiteral("e"));
     taking.session.Filed.ReportPath = QStringLiteral("/r.txt");
     taking.Do(QStringLiteral("b"));
     QCOMPARE(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name), taking.Status());
