@@ -3,7 +3,7 @@
 #include <QStringList>
 
 bool AnswerOffered(const TestDocument& test, int q, int a) {
-    return a >= 1 && a <= qMin(test.MaxAnswerCount, MaxAnswers) && !test.AnswerText(q, a).isEmpty();
+    return a >= 1 && !ChosenText(test, q, a).isEmpty();
 }
 
 bool HasAnswersToChoose(const TestDocument& test, int q) {
