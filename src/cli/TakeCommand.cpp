@@ -214,9 +214,10 @@ const Command& TakeCommand() {
         QStringLiteral("FILE"),
         QStringLiteral("Administers the test in the terminal and prints the report.\n\n"
                        "A line of input answers a question: the number of an answer, or a text. Commands are :back,\n"
-                       ":forward, :report and :quit; '::' begins a text with a colon. What the client sees stands on\n"
-                       "standard error, the report on standard output. The end of the input quits, and the report is\n"
-                       "still made. Nothing is filed automatically."),
+                       ":forward, :report and :quit; '::' begins a text with a colon. An empty line passes over a\n"
+                       "question that can't be answered. What the client sees is on standard error, the report on\n"
+                       "standard output. The end of the input quits, and the report is still made. Nothing is filed\n"
+                       "automatically."),
         Options(),
         1,
         1,

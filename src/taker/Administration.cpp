@@ -99,7 +99,9 @@ void Administration::TakeDraft(const QString& text) {
         KeepDraft(session_.Responses, CurrentQuestion(), text);
 }
 
-bool Administration::ShowsDraft() const { return OnQuestion() && session_.Responses.Drafts.count(CurrentQuestion()) > 0; }
+bool Administration::ShowsDraft() const {
+    return OnQuestion() && session_.Responses.Drafts.count(CurrentQuestion()) > 0;
+}
 
 void Administration::Decide(DraftsDecision decision) {
     ResponseSet& responses = session_.Responses;

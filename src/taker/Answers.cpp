@@ -2,9 +2,7 @@
 
 #include <QStringList>
 
-bool AnswerOffered(const TestDocument& test, int q, int a) {
-    return a >= 1 && !ChosenText(test, q, a).isEmpty();
-}
+bool AnswerOffered(const TestDocument& test, int q, int a) { return a >= 1 && !ChosenText(test, q, a).isEmpty(); }
 
 bool HasAnswersToChoose(const TestDocument& test, int q) {
     if (!IsMultichoice(test, q))

@@ -48,12 +48,12 @@ bool AutoReportForm::Accept(const QString& filePath, const OptionTicks& ticks) {
 }
 
 bool AutoReportForm::MayReplace(const QString& filePath) {
-    return prompts_.Choose({QStringLiteral("The file '") + filePath +
-                                QStringLiteral("' exists. Replace it, and lose what it holds?"),
-                            {{QStringLiteral("&Replace"), ChoiceRole::Discard},
-                             {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
-                            1,
-                            1}) == 0;
+    return prompts_.Choose(
+               {QStringLiteral("The file '") + filePath +
+                    QStringLiteral("' exists. Replace it, and lose what it holds?"),
+                {{QStringLiteral("&Replace"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+                1,
+                1}) == 0;
 }
 
 void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }

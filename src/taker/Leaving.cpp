@@ -36,16 +36,16 @@ QString WhatWouldBeLost(const Session& session, LeavingLoses loses) {
     case LeavingLoses::Drafts:
         return DraftsSentence(session);
     case LeavingLoses::Answers:
-        return QStringLiteral("This test is not completed. If you leave it now, the answers given so far (%1 of %2) are "
-                              "lost.")
+        return QStringLiteral(
+                   "This test is not completed. If you leave it now, the answers given so far (%1 of %2) are "
+                   "lost.")
                    .arg(AnsweredCount(session.Test, responses))
                    .arg(session.Test.QuestionCount) +
                drafts;
     case LeavingLoses::Result:
         break;
     }
-    const QString earlier =
-        session.Filed.ReportPath.isEmpty() ? session.SpreadsheetFilePath : session.Filed.ReportPath;
+    const QString earlier = session.Filed.ReportPath.isEmpty() ? session.SpreadsheetFilePath : session.Filed.ReportPath;
     return (earlier.isEmpty() ? QStringLiteral("The answers to this test are in no report and in no workbook. If you "
                                                "leave it now, they are lost.")
                               : QStringLiteral("Answers were changed after they were saved in '") + earlier +
@@ -98,12 +98,12 @@ LeaveAnswer AskToLeave(const Session& session, Prompts& prompts) {
     const LeavingLoses loses = WhatLeavingLoses(session);
     if (loses == LeavingLoses::Nothing)
         return LeaveAnswer::Leave;
-    ChoicePrompt prompt{WhatWouldBeLost(session, loses),
-                        {{QStringLiteral("&Discard"), ChoiceRole::Discard},
-                         {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
-                        1,
-                        1,
-                        LeaveTitle};
+    ChoicePrompt prompt{
+        WhatWouldBeLost(session, loses),
+        {{QStringLiteral("&Discard"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+        1,
+        1,
+        LeaveTitle};
     if (loses == LeavingLoses::Result)
         prompt.Choices.push_back({QStringLiteral("&Make Report"), ChoiceRole::Accept});
     switch (prompts.Choose(prompt)) {
@@ -119,12 +119,12 @@ LeaveAnswer AskToLeave(const Session& session, Prompts& prompts) {
 bool AskToEndProgram(const Session& session, Prompts& prompts) {
     if (AnsweredCount(session.Test, session.Responses) == 0 || InReportFile(session) || InWorkbook(session))
         return true;
-    return prompts.Choose({QStringLiteral("The report on the screen is not saved. If Vellumo ends now, it is lost, and "
-                                          "the answers with it."),
-                           {{QStringLiteral("&Discard"), ChoiceRole::Discard},
-                            {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
-                           1,
-                           1}) == 0;
+    return prompts.Choose(
+               {QStringLiteral("The report on the screen is not saved. If Vellumo ends now, it is lost, and "
+                               "the answers with it."),
+                {{QStringLiteral("&Discard"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+                1,
+                1}) == 0;
 }
 
 DraftsDecision AskAboutDrafts(const Session& session, Prompts& prompts) {
@@ -132,8 +132,9 @@ DraftsDecision AskAboutDrafts(const Session& session, Prompts& prompts) {
     constexpr DraftsDecision decisions[] = {DraftsDecision::Accept, DraftsDecision::GoBack, DraftsDecision::Leave};
     const int chosen = prompts.Choose(
         {QStringLiteral("What was typed for ") + questions +
-             QStringLiteral(" was not accepted, so it doesn't count as an answer.\n\n'Accept' makes it count. 'Go Back' "
-                            "shows question ") +
+             QStringLiteral(
+                 " was not accepted, so it doesn't count as an answer.\n\n'Accept' makes it count. 'Go Back' "
+                 "shows question ") +
              QString::number(session.Responses.Drafts.begin()->first) +
              QStringLiteral(". 'Leave It' completes the test without it; an answer accepted earlier counts."),
          {{QStringLiteral("&Accept"), ChoiceRole::Accept},

@@ -12,8 +12,8 @@ const QList<int> Steps = {80, 90, 100, 115, 130, 150, 175, 200, 250};
 constexpr int Usual = 100;
 
 qsizetype NearestStep(int percent) {
-    const auto nearest = std::ranges::min_element(
-        Steps, {}, [percent](int step) { return qAbs(qint64(step) - qint64(percent)); });
+    const auto nearest =
+        std::ranges::min_element(Steps, {}, [percent](int step) { return qAbs(qint64(step) - qint64(percent)); });
     return nearest - Steps.begin();
 }
 

@@ -94,13 +94,27 @@ void tst_administration::CannotAnswer_Continue_NotAnswered_data() {
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("caption");
     QTest::addColumn<int>("furthest");
-    QTest::newRow("first") << "xa" << "c" << "Question 2 of 2" << 0;
-    QTest::newRow("back to it and on") << "xa" << "cbc" << "Question 2 of 2" << 0;
-    QTest::newRow("between") << "a7a" << "1c1" << "Completed" << 3;
-    QTest::newRow("forward doesn't pass it") << "axa" << "1cbbf" << "Question 2 of 3" << 1;
-    QTest::newRow("last completes") << "ax" << "1c" << "Completed" << 1;
-    QTest::newRow("nothing else") << "x7" << "cc" << "Completed" << 0;
-    QTest::newRow("back from the end") << "ax" << "1cbfc" << "Completed" << 1;
+    QTest::newRow("first") << "xa"
+                           << "c"
+                           << "Question 2 of 2" << 0;
+    QTest::newRow("back to it and on") << "xa"
+                                       << "cbc"
+                                       << "Question 2 of 2" << 0;
+    QTest::newRow("between") << "a7a"
+                             << "1c1"
+                             << "Completed" << 3;
+    QTest::newRow("forward doesn't pass it") << "axa"
+                                             << "1cbbf"
+                                             << "Question 2 of 3" << 1;
+    QTest::newRow("last completes") << "ax"
+                                    << "1c"
+                                    << "Completed" << 1;
+    QTest::newRow("nothing else") << "x7"
+                                  << "cc"
+                                  << "Completed" << 0;
+    QTest::newRow("back from the end") << "ax"
+                                       << "1cbfc"
+                                       << "Completed" << 1;
 }
 
 void tst_administration::CannotAnswer_Continue_NotAnswered() {
@@ -108,9 +122,10 @@ void tst_administration::CannotAnswer_Continue_NotAnswered() {
     QFETCH(QString, steps);
     QString text;
     for (const QChar kind : questions)
-        text += QStringLiteral("[Q]q%1[/Q]").arg(kind == u'a'   ? QStringLiteral("[A]a[v=1][/A]")
-                                                 : kind == u'x' ? QString()
-                                                                : QStringLiteral("[QT]7[/QT]"));
+        text += QStringLiteral("[Q]q%1[/Q]")
+                    .arg(kind == u'a'   ? QStringLiteral("[A]a[v=1][/A]")
+                         : kind == u'x' ? QString()
+                                        : QStringLiteral("[QT]7[/QT]"));
     Taking taking(text + WithButtons);
     taking.Do(steps);
     QTEST(taking.course->FrameCaption(), "caption");
@@ -227,12 +242,13 @@ void tst_administration::Buttons_Options_Visibility() {
 }
 
 void tst_administration::CompletedPage_Buttons_OnlyThoseThere() {
-    const QString done = QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, "
-                                        "or use the ");
+    const QString done =
+        QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, "
+                       "or use the ");
     const QString view = QStringLiteral(" to view and edit your responses.");
     const QString message = QStringLiteral("[COMPLETION MESSAGE]Thanks<P>a lot[/COMPLETION MESSAGE]");
-    for (const auto& [options, buttons] :
-         {std::pair(QString(), QStringLiteral("'Back' button")), std::pair(WithButtons, QStringLiteral("'Back' and 'Forward' buttons"))}) {
+    for (const auto& [options, buttons] : {std::pair(QString(), QStringLiteral("'Back' button")),
+                                           std::pair(WithButtons, QStringLiteral("'Back' and 'Forward' buttons"))}) {
         Taking taking(Three + message + options);
         taking.Do(QStringLiteral("1t1"));
         QCOMPARE(taking.course->ForwardVisible(), !options.isEmpty());

@@ -117,7 +117,8 @@ void tst_dialogautoreport::Ok_Changes_Taken() {
     Dialog dialog(Texts + ChoiceQuestion + QStringLiteral("[REPORT SHORT ANSWERS][PROMPT CLIENT NAME][REPORT TITLE]"));
     dialog.Open();
     QVERIFY(!dialog.Box(12).isEnabled());
-    Find<QLineEdit>(*dialog.window, QStringLiteral("Text1")).setText(dialog.folder.filePath(QStringLiteral("other.txt")));
+    Find<QLineEdit>(*dialog.window, QStringLiteral("Text1"))
+        .setText(dialog.folder.filePath(QStringLiteral("other.txt")));
     for (const int option : {1, 6, 24})
         Click(*dialog.window, QStringLiteral("ChkReportOptions_%1").arg(option));
     Click(*dialog.window, QStringLiteral("CMDOK"));
@@ -139,9 +140,12 @@ void tst_dialogautoreport::Ok_PathThatWontDo_StaysOpen_data() {
     QTest::newRow("kept") << "there.txt" << exists << "Cancel" << false << false;
     QTest::newRow("replaced") << "there.txt" << exists << "Replace" << false << true;
     QTest::newRow("appended to") << "there.txt" << QString() << QString() << true << true;
-    QTest::newRow("no folder") << "none/r.txt" << "none' doesn't exist." << QString() << true << false;
-    QTest::newRow("a folder") << "." << "is a folder." << QString() << false << false;
-    QTest::newRow("no name") << " " << "Enter the name of the file" << QString() << false << false;
+    QTest::newRow("no folder") << "none/r.txt"
+                               << "none' doesn't exist." << QString() << true << false;
+    QTest::newRow("a folder") << "."
+                              << "is a folder." << QString() << false << false;
+    QTest::newRow("no name") << " "
+                             << "Enter the name of the file" << QString() << false << false;
 }
 
 void tst_dialogautoreport::Ok_PathThatWontDo_StaysOpen() {

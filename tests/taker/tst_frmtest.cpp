@@ -286,7 +286,8 @@ void tst_frmtest::TypedText_NotAccepted_DraftEverywhere() {
 void tst_frmtest::Drafts_AtTheEnd_AskedWithTheirNumbers() {
     TestWindow taking(Questions + Buttons);
     taking.Open();
-    taking.prompts.ExpectChoice(QStringLiteral("What was typed for question 2 was not accepted"), QStringLiteral("Accept"))
+    taking.prompts
+        .ExpectChoice(QStringLiteral("What was typed for question 2 was not accepted"), QStringLiteral("Accept"))
         .InPart();
     taking.Do(QStringLiteral("1tlbb"));
     taking.Do(QStringLiteral("dff1"));
@@ -474,15 +475,21 @@ void tst_frmtest::Leaving_SomethingAtStake_Asks_data() {
     QTest::addColumn<QString>("asked"); // empty: nothing
     const QString middle = QStringLiteral("If you leave it now, the answers given so far (1 of 4) are lost.");
     const QString result = QStringLiteral("are in no report and in no workbook.");
-    QTest::newRow("nothing given") << "" << "";
+    QTest::newRow("nothing given") << ""
+                                   << "";
     QTest::newRow("middle") << "1" << middle;
-    QTest::newRow("middle with a draft") << "1d" << "typed for question 2 was not accepted and would be lost.";
+    QTest::newRow("middle with a draft") << "1d"
+                                         << "typed for question 2 was not accepted and would be lost.";
     QTest::newRow("completed") << "1tl1" << result;
-    QTest::newRow("shown") << "1tl1r" << "";
+    QTest::newRow("shown") << "1tl1r"
+                           << "";
     QTest::newRow("changed after it was shown") << "1tl1rbf2" << result;
-    QTest::newRow("shown, then a draft") << "1tl1rbbd" << "The text typed for question 2";
-    QTest::newRow("exported") << "1tl1e" << "";
-    QTest::newRow("exported, then changed") << "1tl1ebf2" << "Answers were changed after they were saved in '/w.exl'.";
+    QTest::newRow("shown, then a draft") << "1tl1rbbd"
+                                         << "The text typed for question 2";
+    QTest::newRow("exported") << "1tl1e"
+                              << "";
+    QTest::newRow("exported, then changed") << "1tl1ebf2"
+                                            << "Answers were changed after they were saved in '/w.exl'.";
 }
 
 void tst_frmtest::Leaving_SomethingAtStake_Asks() {
@@ -578,7 +585,8 @@ void tst_frmtest::Report_Terminate_AsksAndEnds_data() {
 void tst_frmtest::Report_TerminateUnsaved_AsksAgain() {
     TestWindow taking(Questions + Silent + QStringLiteral("[TERMINATE PROGRAM WHEN TEST COMPLETED]"));
     taking.Open();
-    taking.prompts.ExpectChoice(QStringLiteral("The report on the screen is not saved."), QStringLiteral("Cancel")).InPart();
+    taking.prompts.ExpectChoice(QStringLiteral("The report on the screen is not saved."), QStringLiteral("Cancel"))
+        .InPart();
     taking.Do(QStringLiteral("1r"));
     QVERIFY(!taking.navigator.Calls.contains(QStringLiteral("EndProgram")));
 }
@@ -616,7 +624,8 @@ void tst_frmtest::Completion_LastReanswered_FilesOnce() {
     QCOMPARE(BytesOf(path), "\r\n\r\n\r\nCUMULATIVE SCORE= 2\r\n\r\n");
     QVERIFY(taking.session.AutoReportDone && !taking.session.Responses.SilentReport);
     const QString shown = QDir::toNativeSeparators(path);
-    QCOMPARE(taking.Status(), QStringLiteral("The report was saved in '%1'\nThe results were added to '/w.exl'").arg(shown));
+    QCOMPARE(taking.Status(),
+             QStringLiteral("The report was saved in '%1'\nThe results were added to '/w.exl'").arg(shown));
     taking.Do(QStringLiteral("bf2"));
     QCOMPARE(taking.Caption(), QStringLiteral("Completed"));
     QCOMPARE(taking.Status(),
@@ -748,7 +757,8 @@ void tst_frmtest::Speech_Question_ReadWithItsAnswers() {
 }
 
 void tst_frmtest::TextSize_Keys_AllAndRemembered() {
-    const QString ten = QStringLiteral("[A]%1[v=1][/A]").arg(QStringLiteral("quite a long answer ").repeated(12)).repeated(10);
+    const QString ten =
+        QStringLiteral("[A]%1[v=1][/A]").arg(QStringLiteral("quite a long answer ").repeated(12)).repeated(10);
     const QString text = QStringLiteral("[TITLE]T[/TITLE][Q]One%1[/Q][Q]Two[QT]3[/QT][/Q]").arg(ten) + Locked;
     TestWindow taking(text);
     taking.Open();

@@ -62,7 +62,9 @@ QAccessibleInterface* MakeAccess(const QString& className, QObject* object) {
 } // namespace
 
 AnswerButton::AnswerButton(int number, QWidget* parent)
-    : QPushButton(parent), place_(QStringLiteral("Answer ") + QString::number(number)), key_(QString::number(number % 10)) {
+    : QPushButton(parent),
+      place_(QStringLiteral("Answer ") + QString::number(number)),
+      key_(QString::number(number % 10)) {
     static const bool accessMade = (QAccessible::installFactory(MakeAccess), true);
     Q_UNUSED(accessMade);
     setFocusPolicy(Qt::StrongFocus);

@@ -36,8 +36,7 @@ AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(pa
     SetRoom(*column, 0, 0);
     FrmAnswer_ = {MakeFrame(Buttons, QStringLiteral("Answer from the following options")),
                   MakeFrame(ShortBox, QStringLiteral("Short Answer")),
-                  MakeFrame(LongBox, QStringLiteral("Long Answer")),
-                  MakeFrame(NoAnswer, QStringLiteral("No Answer"))};
+                  MakeFrame(LongBox, QStringLiteral("Long Answer")), MakeFrame(NoAnswer, QStringLiteral("No Answer"))};
     for (QGroupBox* frame : FrmAnswer_)
         column->addWidget(frame, frame == FrmAnswer_[LongBox] ? 1 : 0);
     column->addStretch(0);
@@ -130,8 +129,9 @@ void AnswerPanel::SetReadingSize(int percent) {
     answers.setPointSizeF(sizes_.FontSize * scale);
     const QFont body = BodyFont();
     if (QFontMetrics(answers).height() < QFontMetrics(body).height())
-        answers = QFontMetrics(ScaledFont(1.15 * scale)).height() < QFontMetrics(body).height() ? body
-                                                                                                 : ScaledFont(1.15 * scale);
+        answers = QFontMetrics(ScaledFont(1.15 * scale)).height() < QFontMetrics(body).height()
+                      ? body
+                      : ScaledFont(1.15 * scale);
     for (AnswerButton* button : Opt_) {
         answers.setBold(button->Chosen());
         button->setFont(answers);

@@ -406,8 +406,7 @@ void FrmTest::wheelEvent(QWheelEvent* event) {
 }
 
 bool FrmTest::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Wheel ||
-        !static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier))
+    if (event->type() != QEvent::Wheel || !static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier))
         return QMainWindow::eventFilter(watched, event);
     wheelEvent(static_cast<QWheelEvent*>(event));
     return true;

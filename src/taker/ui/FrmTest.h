@@ -36,8 +36,8 @@ struct TestWindowParts {
 };
 
 /// The test window: gives the session's test, which must have a question, to the client. Making one starts a new
-/// administration. Closing it from its title bar shows the start screen. However it is left, it asks first where answers or
-/// results would be lost.
+/// administration. Closing it from its title bar shows the start screen. However it is left, it asks first where
+/// answers or results would be lost.
 class FrmTest : public QMainWindow {
     Q_OBJECT
 

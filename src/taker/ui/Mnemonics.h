@@ -11,6 +11,6 @@ struct MarkedButton {
     QStringList Captions;
 };
 
-/// Gives each button that is seen the first of its captions whose letter neither a menu that is seen nor a button before
-/// it has. Where all are taken the caption has no mark.
+/// Gives each button that is seen the first of its captions whose letter neither a menu that is seen nor a button
+/// before it has. Where all are taken the caption has no mark.
 void GiveCaptions(const QMenuBar& menus, const QList<MarkedButton>& buttons);

@@ -44,8 +44,7 @@ class TestMenus : public QObject {
     void FillOptionsMenu();
     void FillHelpMenu();
 
-    QAction* MakeSizeItem(const QString& name, const QString& caption, int direction,
-                          const QList<QKeySequence>& keys);
+    QAction* MakeSizeItem(const QString& name, const QString& caption, int direction, const QList<QKeySequence>& keys);
 
     QAction* Larger_ = nullptr;
     QAction* Smaller_ = nullptr;
