@@ -5,7 +5,18 @@
 #include "testdoc/TestDocument.h"
 
 #include <functional>
+#include <optional>
 #include <utility>
+
+/// What was made of the current administration's answers, each with the answers that went into it.
+struct FiledAnswers {
+    /// Full path of the report file written last; empty for none.
+    QString ReportPath;
+    ResponseSet Report;
+    ResponseSet Workbook;
+    /// The answers of the report that was shown last. Its window asks by itself before it drops an unsaved one.
+    std::optional<ResponseSet> Shown;
+};
 
 /// Everything that one run of the program holds: the one test, the settings, the current administration, and the values
 /// that live as long as the run. Made once by the program and handed on by reference.
@@ -31,6 +42,7 @@ struct Session {
     QString SpreadsheetFilePath;
     /// Is told of each file that an administration makes, with its path; may be empty.
     std::function<void(const QString& path)> FileMade;
+    FiledAnswers Filed;
 
     /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
     /// the settings say and may then be changed for the rest of the run.
