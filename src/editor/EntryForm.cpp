@@ -50,6 +50,7 @@ int EntryForm::Number() const { return EntryNumber(place_); }
 void EntryForm::Show(const TestPlace& place) { Show(place, StoredBoxes(test_, place)); }
 
 void EntryForm::Show(const TestPlace& place, const EntryBoxes& boxes) {
+    place_ = place;
     ShowBoxes(boxes);
     TakeAsStored(place);
 }
@@ -92,6 +93,7 @@ bool EntryForm::Put(const TypedEntry& typed, bool asNew, Prompts& prompts) {
         return false;
     }
     const TestPlace place = asNew ? WithEntryNumber(typed.Place, EntryCount(test_, typed.Place)) : typed.Place;
+    place_ = place;
     // The cursor stays where nothing was stored in another form than it was typed.
     if (const EntryBoxes stored = StoredBoxes(test_, place); stored != typed.Boxes)
         ShowBoxes(stored);
@@ -138,11 +140,12 @@ bool EntryForm::SettleNew(Prompts& prompts) {
 
 bool EntryForm::SettleTypedOver(Prompts& prompts) {
     const TypedEntry typed = Typed();
-    const int choice = Choose(prompts,
-                              QStringLiteral("%1 was typed over %2, which had just been added as %3. Is it a new one?\n\n"
-                                             "'Add' adds it after the other. 'Edit' puts it in the place of the other.")
-                                  .arg(Quote(typed.Boxes), Quote(before_), EntryName(test_, place_)),
-                              QStringLiteral("Not Added"), {{QStringLiteral("&Add")}, {QStringLiteral("&Edit")}});
+    const int choice =
+        Choose(prompts,
+               QStringLiteral("%1 was typed over %2, which had just been added as %3. Is it a new one?\n\n"
+                              "'Add' adds it after the other. 'Edit' puts it in the place of the other.")
+                   .arg(Quote(typed.Boxes), Quote(before_), EntryName(test_, place_)),
+               QStringLiteral("Not Added"), {{QStringLiteral("&Add")}, {QStringLiteral("&Edit")}});
     if (choice == 1)
         return SettleExisting(typed, prompts);
     const auto flaw = choice == 0 ? FlawOf(typed) : std::nullopt;

@@ -29,8 +29,8 @@ class EntryForm {
 
     /// Whether something would be lost if the boxes showed something else.
     bool IsChanged() const;
-    /// Stores the boxes into the entry shown, or adds them as a new one, as a button does. False when they were refused,
-    /// which a message has then said.
+    /// Stores the boxes into the entry shown, or adds them as a new one, as a button does. False when they were
+    /// refused, which a message has then said.
     bool Store(Prompts& prompts) { return Put(Typed(), false, prompts); }
     bool Add(Prompts& prompts) { return Put(Typed(), true, prompts); }
     /// Before the boxes show something else: stores what was changed in an existing entry, and asks what becomes of a

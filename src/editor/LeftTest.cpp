@@ -33,7 +33,7 @@ Prompt LeftTestQuestion(const RecoveredTest& left, LeftTestOffer when) {
     return {QStringLiteral("The test '") + title + QStringLiteral("' (") + file +
                 QStringLiteral(") has changes that were not saved when ") +
                 (left.InThisRun ? QStringLiteral("you left it") : QStringLiteral("Vellumo ended")) +
-                QStringLiteral(". They were kept on ") + ShortTime(left.KeptAt) + u'.' + newer + QStringLiteral("\n\n") +
-                choices,
+                QStringLiteral(". They were kept on ") + ShortTime(left.KeptAt) + u'.' + newer +
+                QStringLiteral("\n\n") + choices,
             QStringLiteral("Unsaved Test"), PromptButtons::YesNoCancel, PromptIcon::Question};
 }

@@ -68,6 +68,7 @@ class Recovery {
     QByteArray kept_;
     QString path_;
     std::unique_ptr<QLockFile> lock_;
-    /// The locks of copies of earlier documents of this run, by their paths: held, lest another program offers them while this one runs.
+    /// The locks of copies of earlier documents of this run, by their paths: held, lest another program offers them
+    /// while this one runs.
     std::map<QString, std::unique_ptr<QLockFile>> earlier_;
 };

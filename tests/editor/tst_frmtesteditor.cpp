@@ -1,81 +1,11 @@
+#include "editor/EditorWindow.h"
 #include "editor/FindingsText.h"
-#include "editor/ui/frmTestEditor.h"
-#include "support/Files.h"
-#include "support/RecordingNavigator.h"
-#include "support/ScriptedFileChooser.h"
-#include "support/ScriptedPrompts.h"
 #include "support/SmallDisk.h"
-#include "support/WindowDriver.h"
 #include "testdoc/TestParser.h"
 
 #include <QClipboard>
 #include <QGroupBox>
 #include <QMenuBar>
-#include <QTemporaryDir>
-#include <QtTest>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-const QByteArray Mood = "[TITLE]Mood[/TITLE]\r\n\r\n[Q]How are you?\r\n[A]Well[v=1][/A]\r\n[/Q]\r\n";
-const QString SaveQuestion = u"Do you Want to Save Changes?"_s;
-
-/// The editor's window on a folder of its own that is the current one, with a scripted outside.
-struct Editor {
-    explicit Editor(const QString& file = u"mood.vlm"_s) {
-        settings.DefaultDirectory = folder.path();
-        QDir::setCurrent(folder.path());
-        PutBytes(folder.filePath(u"mood.vlm"_s), Mood);
-        test.TestFileName = file;
-        window = std::make_unique<frmTestEditor>(EditorFileParts{test, settings, prompts, chooser, navigator, *copies});
-        loaded = window->Form_Load();
-        if (loaded)
-            ShowAndActivate(*window);
-    }
-    ~Editor() { QDir::setCurrent(QDir::rootPath()); }
-
-    template <typename Control> Control& The(const QString& name) { return Find<Control>(*window, name); }
-    void ClickOn(const QString& name) { Click(*window, name); }
-    void ChooseItem(const QString& name) { Choose(*window, name); }
-    void ChooseTab(int index) {
-        auto& tabs = The<EditorTabStrip>(u"tbsOptions"_s);
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(index).center());
-    }
-    void TypeTitle(const QString& text) { Type(The<QLineEdit>(u"txtTitle"_s), text); }
-    QString Home() { return The<QLabel>(u"lblinstructions"_s).text(); }
-    QString Command2() { return The<QPushButton>(u"Command2"_s).text(); }
-    bool HomeIsSeen() { return The<QLabel>(u"lblinstructions"_s).isVisible(); }
-    /// The number of the page in view, from 1; 0 on the home view.
-    int PageInView() {
-        for (int i = 0; i < EditorPageCount; ++i)
-            if (The<QWidget>(u"picOptions_%1"_s.arg(i)).isVisible())
-                return i + 1;
-        return 0;
-    }
-    ExpectedPrompt& ExpectQuestion(PromptAnswer answer) {
-        return prompts.Expect(SaveQuestion, answer)
-            .Titled(u"Confirm"_s)
-            .WithButtons(PromptButtons::YesNoCancel)
-            .WithIcon(PromptIcon::Question);
-    }
-    QString Path(const QString& name) const { return QDir::toNativeSeparators(folder.filePath(name)); }
-    bool CopyIsLeft() { return Recovery(kept.path(), clock).Left().has_value(); }
-
-    QTemporaryDir folder;
-    QTemporaryDir kept;
-    FixedClock clock{QDateTime(QDate(2026, 11, 21), QTime(14, 5))};
-    TestDocument test;
-    Settings settings;
-    ScriptedPrompts prompts;
-    ScriptedFileChooser chooser;
-    RecordingNavigator navigator;
-    std::unique_ptr<Recovery> copies = std::make_unique<Recovery>(kept.path(), clock);
-    std::unique_ptr<frmTestEditor> window;
-    bool loaded = false;
-};
-
-} // namespace
 
 class tst_frmtesteditor : public QObject {
     Q_OBJECT
@@ -83,7 +13,7 @@ class tst_frmtesteditor : public QObject {
   private Q_SLOTS:
     void Window_Controls_Captions();
     void Form_Load_File_HomeViewOfIt();
-    void Form_Load_BrokenFile_EndsTheProgram();
+    void Form_Load_BrokenFile_SaysWhyAndStays();
     void Tabs_EachByClickAndKey_PageHelpAndQuestion();
     void Home_Keys_FirstTabAndButtons();
     void Heading_TitleOfManyLines_OneLine();
@@ -92,10 +22,12 @@ class tst_frmtesteditor : public QObject {
     void Close_AfterATab_Asks_data();
     void Close_AfterATab_Asks();
     void NewOpenList_Cancel_GoOnAllTheSame();
-    void Open_DialogCancelled_DocumentClearedControlsStay();
-    void Open_DialogCancelled_EntriesShownCannotBeDeleted();
-    void Open_Unreadable_NoNameIsLeft();
+    void Open_NothingComesOfIt_TestStays_data();
+    void Open_NothingComesOfIt_TestStays();
+    void New_AfterAnotherTest_PagesBeginAfresh();
     void Save_Untitled_IntoTheCurrentDirectory();
+    void Save_FileIsAnothers_IsNotReplaced_data();
+    void Save_FileIsAnothers_IsNotReplaced();
     void Save_NoName_AsksForOne();
     void Save_Fails_TestAndQuestionStay();
     void Save_TooLong_SaysByHowMuchAndStays();
@@ -152,17 +84,17 @@ void tst_frmtesteditor::Form_Load_File_HomeViewOfIt() {
     QCOMPARE(editor.navigator.Calls, QStringList{u"ShowStartScreen"_s});
 }
 
-void tst_frmtesteditor::Form_Load_BrokenFile_EndsTheProgram() {
+void tst_frmtesteditor::Form_Load_BrokenFile_SaysWhyAndStays() {
     Editor editor;
     PutBytes(editor.Path(u"broken.vlm"_s), "[TITLE]Mood");
-    editor.prompts.Expect(u"I can't find the [/TITLE]tag in the file: "_s + editor.Path(u"broken.vlm"_s))
-        .WithIcon(PromptIcon::Critical);
+    editor.prompts.Expect(u"I can't find the [/TITLE]tag in the file: "_s + editor.Path(u"broken.vlm"_s));
     editor.window.reset();
     editor.test.TestFileName = u"broken.vlm"_s;
     frmTestEditor window(
         {editor.test, editor.settings, editor.prompts, editor.chooser, editor.navigator, *editor.copies});
     QVERIFY(!window.Form_Load());
-    QCOMPARE(editor.navigator.Calls, QStringList{u"EndProgram"_s});
+    QCOMPARE(editor.navigator.Calls, QStringList());
+    QCOMPARE(editor.test.TestTitle, u"Mood"_s);
 }
 
 void tst_frmtesteditor::Tabs_EachByClickAndKey_PageHelpAndQuestion() {
@@ -314,55 +246,73 @@ void tst_frmtesteditor::NewOpenList_Cancel_GoOnAllTheSame() {
     QCOMPARE(QDir::currentPath(), editor.folder.path());
 }
 
-void tst_frmtesteditor::Open_DialogCancelled_DocumentClearedControlsStay() {
-    Editor editor;
-    editor.chooser.ExpectOpen({});
-    editor.ChooseItem(u"mnufile_2"_s);
-    QVERIFY(editor.test.TestFileName.isEmpty());
-    QCOMPARE(editor.test.QuestionCount, 0);
-    QCOMPARE(editor.The<QLineEdit>(u"txtTitle"_s).text(), u"Mood"_s);
-    QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
-    QCOMPARE(editor.The<QLabel>(u"FindingsLength"_s).text(), LengthUsedText(0));
-    QCOMPARE(editor.The<QLabel>(u"Heading"_s).text(), QString());
+void tst_frmtesteditor::Open_NothingComesOfIt_TestStays_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("cancelled") << QString() << QString() << false;
+    QTest::newRow("too long") << u"long.vlm"_s << u"40000 characters"_s << false;
+    QTest::newRow("broken") << u"broken.vlm"_s << u"I can't find the [/TITLE]tag in the file: "_s << false;
+    QTest::newRow("broken, from the list")
+        << u"broken.vlm"_s << u"I can't find the [/TITLE]tag in the file: "_s << true;
 }
 
-void tst_frmtesteditor::Open_DialogCancelled_EntriesShownCannotBeDeleted() {
-    struct Entries {
-        int Tab;
-        QString List;
-        QString Delete;
-    };
-    for (const Entries& one :
-         {Entries{1, u"ListSubScale"_s, u"CmdSubScaleAdd_1"_s}, Entries{2, u"ListTemplate"_s, u"Cmdtemplate_1"_s},
-          Entries{4, u"ListTotalAnalysis"_s, u"CmdTotalAdd_1"_s}}) {
-        Editor editor;
-        PutBytes(editor.Path(u"scales.vlm"_s), "[TITLE]Scales[/TITLE]\r\n[SUBSCALES]\r\n[S]One\r\n[/S]\r\n[/SUBSCALES]"
-                                               "\r\n[TOTAL]\r\n[SIG]0 to 5 =Low[/SIG]\r\n[/TOTAL]\r\n[TEMPLATE]\r\n"
-                                               "[A]Yes[v=1][/A]\r\n[/TEMPLATE]\r\n[Q]How?\r\n[/Q]\r\n");
-        editor.chooser.ExpectOpen(editor.Path(u"scales.vlm"_s));
-        editor.ChooseItem(u"mnufile_2"_s);
-        editor.chooser.ExpectOpen({});
-        editor.ChooseItem(u"mnufile_2"_s);
-        editor.ChooseTab(one.Tab);
-        auto& list = editor.The<QListWidget>(one.List);
-        QCOMPARE(list.count(), 1);
-        list.setCurrentRow(0);
-        editor.ClickOn(one.Delete);
-        QCOMPARE(list.count(), 0);
-        QCOMPARE(editor.test.SubscaleCount, 0);
-        QCOMPARE(editor.test.TotalRangeCount, 0);
-        QCOMPARE(editor.test.TemplateAnswerCount, 0);
-    }
-}
-
-void tst_frmtesteditor::Open_Unreadable_NoNameIsLeft() {
+void tst_frmtesteditor::Open_NothingComesOfIt_TestStays() {
+    QFETCH(const QString, file);
+    QFETCH(const QString, message);
+    QFETCH(const bool, listed);
     Editor editor;
     PutBytes(editor.Path(u"long.vlm"_s), QByteArray(40000, 'x'));
-    editor.chooser.ExpectOpen(editor.Path(u"long.vlm"_s));
-    editor.prompts.Expect(u"40000 characters"_s).InPart();
-    editor.ChooseItem(u"mnufile_2"_s);
-    QVERIFY(editor.Home().startsWith(u"There is currently no test loaded."_s));
-    QVERIFY(!editor.The<QAction>(u"savehtml"_s).isEnabled());
+    PutBytes(editor.Path(u"broken.vlm"_s), "[TITLE]Mood");
+    editor.window->close();
+    editor.window = std::make_unique<frmTestEditor>(EditorFileParts{editor.test, editor.settings, editor.prompts,
+                                                                    editor.chooser, editor.navigator, *editor.copies});
+    QVERIFY(editor.window->Form_Load());
+    ShowAndActivate(*editor.window);
+    editor.ChooseTab(0);
+    editor.TypeTitle(u"!"_s);
+    editor.ExpectQuestion(PromptAnswer::No);
+    if (!message.isEmpty())
+        editor.prompts.Expect(message).InPart();
+    if (!listed)
+        editor.chooser.ExpectOpen(file.isEmpty() ? file : editor.Path(file));
+    editor.ChooseItem(listed ? u"mnuop_1"_s : u"mnufile_2"_s);
+    QCOMPARE(editor.prompts.Shown().last().contains(editor.Path(file)), !file.isEmpty());
+    QCOMPARE(editor.test.TestTitle, u"Mood!"_s);
+    QCOMPARE(editor.test.TestFileName, editor.Path(u"mood.vlm"_s));
+    QCOMPARE(editor.test.QuestionCount, 1);
+    QCOMPARE(editor.PageInView(), 1);
+    QTRY_COMPARE(editor.State(), u"Not saved"_s);
+    // "No" was about what would have come.
+    editor.ExpectQuestion(PromptAnswer::Cancel);
+    QVERIFY(!editor.window->close());
+    editor.window.reset();
+    editor.copies.reset();
+    QVERIFY(editor.CopyIsLeft());
+}
+
+void tst_frmtesteditor::New_AfterAnotherTest_PagesBeginAfresh() {
+    Editor editor(u"mood.vlm"_s, "[TITLE]T[/TITLE][TOTAL][SIG]0 to 5 =Low[/SIG][/TOTAL]"
+                                 "[TEMPLATE][A]Yes[v=1][/A][/TEMPLATE][Q]How?[QT]3[/QT][/Q]");
+    editor.ChooseTab(3);
+    QVERIFY(editor.The<QPushButton>(u"ChkQType_0"_s).isEnabled());
+    QVERIFY(editor.The<QPushButton>(u"ChkQType_3"_s).isChecked());
+    editor.ChooseTab(4);
+    editor.The<QListWidget>(u"ListTotalAnalysis"_s).setCurrentRow(0);
+    editor.ExpectQuestion(PromptAnswer::No);
+    editor.ChooseItem(u"mnufile_1"_s);
+    editor.ChooseTab(4);
+    QCOMPARE(editor.The<QLineEdit>(u"txtTotHigh"_s).text(), QString());
+    editor.ChooseTab(3);
+    QVERIFY(editor.The<QPushButton>(u"ChkQType_1"_s).isChecked());
+    QVERIFY(!editor.The<QPushButton>(u"ChkQType_0"_s).isEnabled());
+    // The first answer of the template is enough.
+    editor.ChooseTab(2);
+    Type(editor.The<TextBox>(u"txtTemplate"_s), u"Yes"_s);
+    Type(editor.The<QLineEdit>(u"txtValueTemplate"_s), u"1"_s);
+    editor.ClickOn(u"Cmdtemplate_0"_s);
+    editor.ChooseTab(3);
+    QVERIFY(editor.The<QPushButton>(u"ChkQType_0"_s).isEnabled());
 }
 
 void tst_frmtesteditor::Save_Untitled_IntoTheCurrentDirectory() {
@@ -374,6 +324,42 @@ void tst_frmtesteditor::Save_Untitled_IntoTheCurrentDirectory() {
     QCOMPARE(BytesOf(editor.Path(u"untitled.vlm"_s)), QByteArray("[TITLE]New[/TITLE]\r\n\r\n"));
     QCOMPARE(editor.PageInView(), 1);
     QVERIFY(editor.window->close());
+}
+
+void tst_frmtesteditor::Save_FileIsAnothers_IsNotReplaced_data() {
+    QTest::addColumn<bool>("isNew");
+    QTest::addColumn<QString>("choice");
+    QTest::newRow("new test") << true << QString();
+    QTest::newRow("changed elsewhere, save as") << false << u"Save As"_s;
+    QTest::newRow("changed elsewhere, cancel") << false << u"Cancel"_s;
+    QTest::newRow("changed elsewhere, replace") << false << u"Replace"_s;
+}
+
+void tst_frmtesteditor::Save_FileIsAnothers_IsNotReplaced() {
+    QFETCH(const bool, isNew);
+    QFETCH(const QString, choice);
+    Editor editor;
+    if (isNew)
+        editor.ChooseItem(u"mnufile_1"_s);
+    editor.ChooseTab(0);
+    editor.TypeTitle(u"Mine"_s);
+    const QString path = editor.Path(isNew ? u"untitled.vlm"_s : u"mood.vlm"_s);
+    const QByteArray others = "[TITLE]Another's[/TITLE]";
+    PutBytes(path, others);
+    // A new test's place is where it was begun, whatever the current directory is by now.
+    QDir::setCurrent(editor.kept.path());
+    if (!isNew)
+        editor.prompts.ExpectChoice(u"was changed by another program"_s, choice).InPart();
+    const bool asks = isNew || choice == u"Save As"_s;
+    if (asks)
+        editor.chooser.ExpectSave(editor.Path(u"mine.vlm"_s));
+    editor.ChooseItem(u"mnufilesave"_s);
+    QCOMPARE(BytesOf(path) == others, choice != u"Replace"_s);
+    QCOMPARE(QFile::exists(editor.Path(u"mine.vlm"_s)), asks);
+    QCOMPARE(editor.State(), choice == u"Cancel"_s ? u"Not saved"_s : u"Saved"_s);
+    // What one has written oneself is no other's.
+    if (choice != u"Cancel"_s)
+        editor.ChooseItem(u"mnufilesave"_s);
 }
 
 void tst_frmtesteditor::Save_NoName_AsksForOne() {
@@ -494,25 +480,24 @@ void tst_frmtesteditor::Leave_UnsavedChanges_CopyIsKept() {
 
 void tst_frmtesteditor::SaveState_OnAnyWay_TellsWhatIsSo() {
     Editor editor;
-    const auto state = [&] { return editor.The<QLabel>(u"SaveState"_s).text(); };
-    QCOMPARE(state(), u"Saved"_s);
+    QCOMPARE(editor.State(), u"Saved"_s);
     editor.ChooseTab(0);
     editor.TypeTitle(u"!"_s);
-    QTRY_COMPARE(state(), u"Not saved"_s);
+    QTRY_COMPARE(editor.State(), u"Not saved"_s);
     // The home view settles the question before leaving, but not this.
     editor.ClickOn(u"Command2"_s);
-    QCOMPARE(state(), u"Not saved"_s);
+    QCOMPARE(editor.State(), u"Not saved"_s);
     editor.ChooseItem(u"mnufilesave"_s);
-    QCOMPARE(state(), u"Saved"_s);
+    QCOMPARE(editor.State(), u"Saved"_s);
     editor.ChooseTab(0);
     Press(editor.The<QLineEdit>(u"txtTitle"_s), Qt::Key_End);
     editor.TypeTitle(u"?"_s);
-    QTRY_COMPARE(state(), u"Not saved"_s);
+    QTRY_COMPARE(editor.State(), u"Not saved"_s);
     Press(editor.The<QLineEdit>(u"txtTitle"_s), Qt::Key_Backspace);
-    QTRY_COMPARE(state(), u"Saved"_s);
+    QTRY_COMPARE(editor.State(), u"Saved"_s);
     editor.ExpectQuestion(PromptAnswer::No);
     editor.ChooseItem(u"mnufile_1"_s);
-    QCOMPARE(state(), QString());
+    QCOMPARE(editor.State(), QString());
 }
 
 void tst_frmtesteditor::FileList_TwelveFiles_FirstTen() {
@@ -535,11 +520,21 @@ void tst_frmtesteditor::FileList_TwelveFiles_FirstTen() {
 void tst_frmtesteditor::Findings_Chosen_LeadToThePage() {
     Editor editor;
     auto& line = editor.The<FindingsLine>(u"FindingsLine"_s);
-    Q_EMIT line.Chosen({TestPlace::CompletionMessage, 0, 0});
-    QCOMPARE(editor.PageInView(), 1);
-    QVERIFY(editor.The<TextBox>(u"txtCompletion"_s).hasFocus());
-    Q_EMIT line.Chosen({TestPlace::Question, 1, 0});
-    QCOMPARE(editor.PageInView(), 4);
+    struct Way {
+        TestPlace Place;
+        int Page;
+        QString Box;
+    };
+    for (const Way& way : {Way{{TestPlace::CompletionMessage, 0, 0}, 1, u"txtCompletion"_s},
+                           Way{{TestPlace::ReportDirectory, 0, 0}, 7, u"txtautosavedirectory_0"_s},
+                           Way{{TestPlace::AutosaveFileName, 0, 0}, 7, u"Text1"_s},
+                           Way{{TestPlace::ExcelDirectory, 0, 0}, 8, u"txtautosavedirectory_1"_s},
+                           Way{{TestPlace::ExcelFileName, 0, 0}, 8, u"txtautosavedirectory_2"_s},
+                           Way{{TestPlace::Answer, 1, 1}, 4, u"txtanswer"_s}}) {
+        Q_EMIT line.Chosen(way.Place);
+        QCOMPARE(editor.PageInView(), way.Page);
+        QVERIFY2(editor.The<QWidget>(way.Box).hasFocus(), qPrintable(way.Box));
+    }
     Q_EMIT line.Chosen({TestPlace::TotalRange, 0, 1}); // gone meanwhile
     QCOMPARE(editor.PageInView(), 4);
     // What is typed is looked at in a pause.

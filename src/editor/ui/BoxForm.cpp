@@ -57,7 +57,9 @@ void BoxForm::ShowBoxes(const EntryBoxes& boxes) {
 }
 
 void BoxForm::FocusOn(EntryBox box) {
-    QWidget* control = box == EntryBox::Number ? controls_.Number : box == EntryBox::High ? controls_.High : controls_.Text;
+    QWidget* control = box == EntryBox::Number ? controls_.Number
+                       : box == EntryBox::High ? controls_.High
+                                               : controls_.Text;
     if (!control)
         control = controls_.Text;
     control->setFocus(Qt::OtherFocusReason);

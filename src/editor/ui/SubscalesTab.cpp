@@ -165,8 +165,7 @@ bool SubscalesTab::Perform(Action action) {
         DeleteSubscaleRange(Test(), names_->Number(), ranges_->Number());
         break;
     case ClearRange:
-        // What is new is what the button is to take away.
-        if (ranges_->Number() > 0 && !ranges_->Settle(prompts))
+        if (!ranges_->Settle(prompts))
             return false;
         break;
     }

@@ -294,9 +294,7 @@ void frmTestEditor::closeEvent(QCloseEvent* event) {
     if (!leaving_) {
         event->ignore();
         bool proceeds = false;
-        Guarded([&] {
-            proceeds = file_.MayLeave(true);
-        });
+        Guarded([&] { proceeds = file_.MayLeave(true); });
         if (!proceeds)
             return;
         ShowStartScreen();

@@ -32,8 +32,8 @@ class frmTestEditor : public QMainWindow, private EditorView {
   public:
     explicit frmTestEditor(const EditorFileParts& parts);
 
-    /// Reads the test that the document names, or begins with an empty one. False when that isn't possible or wanted; the
-    /// window is not to be shown then.
+    /// Reads the test that the document names, or begins with an empty one. False when that isn't possible or wanted;
+    /// the window is not to be shown then.
     bool Form_Load();
     /// Goes on with a document whose changes are in no file, and with what was typed for it.
     void LoadRecovered(const TypedEntries& typed);
