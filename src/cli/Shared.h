@@ -21,6 +21,9 @@ void OpenTestFor(const QString& path, TestDocument& test);
 /// Throws Failure for a test without questions.
 void RequireQuestions(const TestDocument& test);
 
+/// The test as "show" prints it.
+QByteArray JsonOf(const TestDocument& test);
+
 /// Opens a file of responses. Throws Failure.
 void OpenResponses(QFile& file);
 

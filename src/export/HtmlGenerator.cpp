@@ -15,8 +15,7 @@ void AppendQuestion(QString& body, const TestDocument& test, const TemplateParts
     case TypeUnset:
     case Multichoice: {
         body += ExpandQuestionPart(test, parts.Question, q, 0) + LineBreak;
-        const int count = test.QuestionType(q) == TypeUnset ? test.TemplateAnswerCount : test.AnswerCount(q);
-        for (int a = 1; a <= count; ++a)
+        for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
             body += ExpandQuestionPart(test, parts.Answer, q, a) + LineBreak;
         body += closingPart + paragraph;
         break;

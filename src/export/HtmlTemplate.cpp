@@ -48,6 +48,12 @@ void FillRange(QString& copy, int number, const QString& low, const QString& hig
     FillTag(copy, QStringLiteral("[ANALYSIS TEXT]"), QuoteForScript(rangeText));
 }
 
+/// A bound as it is once the test is saved and read: the page has the same before.
+QString BoundText(const Value& bound) {
+    const auto number = bound.TryNumber();
+    return number ? QString::number(*number) : bound.Text();
+}
+
 QString TotalExpansion(const QString& section, const TestDocument& test) {
     QString expansion;
     for (int r = 1; r <= test.TotalRangeCount; ++r) {
@@ -66,7 +72,7 @@ QString SubscaleExpansion(const QString& section, const TestDocument& test) {
     for (int s = 1; s <= test.SubscaleCount; ++s)
         for (int r = 1; r <= test.SubscaleRangeCount(s); ++r) {
             QString copy = section;
-            FillRange(copy, ++number, test.SubscaleRangeLow(s, r).Text(), test.SubscaleRangeHigh(s, r).Text(),
+            FillRange(copy, ++number, BoundText(test.SubscaleRangeLow(s, r)), BoundText(test.SubscaleRangeHigh(s, r)),
                       test.SubscaleRangeText(s, r));
             FillTag(copy, QStringLiteral("[ANALYSIS SUBSCALE TYPE]"), QString::number(s));
             expansion += copy;
