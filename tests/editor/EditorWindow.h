@@ -21,12 +21,18 @@ struct Editor {
         QDir::setCurrent(folder.path());
         PutBytes(folder.filePath(u"mood.vlm"_s), content);
         test.TestFileName = file;
-        window = std::make_unique<frmTestEditor>(EditorFileParts{test, settings, prompts, chooser, navigator, *copies});
-        loaded = window->Form_Load();
-        if (loaded)
-            ShowAndActivate(*window);
+        loaded = OpenAgain();
     }
     ~Editor() { QDir::setCurrent(QDir::rootPath()); }
+
+    /// A new window on the test that the document names.
+    bool OpenAgain() {
+        window = std::make_unique<frmTestEditor>(EditorFileParts{test, settings, prompts, chooser, navigator, *copies});
+        const bool opened = window->Form_Load();
+        if (opened)
+            ShowAndActivate(*window);
+        return opened;
+    }
 
     template <typename Control> Control& The(const QString& name) { return Find<Control>(*window, name); }
     void ClickOn(const QString& name) { Click(*window, name); }
