@@ -413,7 +413,7 @@ class tst_questionstab : public QObject {
         QCOMPARE(list.itemText(0) + list.itemText(1), u"<None>Peace"_s);
         page.page.RefreshFromTest();
         QCOMPARE(list.itemText(0), u"<none>"_s);
-        QCOMPARE(page.page.CurrentQuestion(), 1);
+        QCOMPARE(page.page.CurrentQuestion(), 4);
     }
 
     void GoTo_Places_ShownWithFocus() {

@@ -1,6 +1,7 @@
 #include "app/ui/AppNavigator.h"
 
 #include "app/ui/AboutBox.h"
+#include "editor/LeftTest.h"
 #include "export/ui/DialogHTML.h"
 #include "platform/ui/WindowInFront.h"
 #include "settings/ui/frmOptions.h"
@@ -8,33 +9,10 @@
 #include "testdoc/TestParser.h"
 
 #include <QApplication>
-#include <QFileInfo>
-#include <QLocale>
 
 namespace {
 
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
-
-QString ShortTime(const QDateTime& time) { return QLocale().toString(time, QLocale::ShortFormat); }
-
-QString LeftTestQuestion(const RecoveredTest& left) {
-    const TestDocument& test = left.Test;
-    const QString title = test.TestTitle.isEmpty() ? QStringLiteral("Untitled") : test.TestTitle;
-    const QString file = test.TestFileName.isEmpty() ? QStringLiteral("a test that has no file yet")
-                                                     : QStringLiteral("the file '") + test.TestFileName + u'\'';
-    const QDateTime saved = QFileInfo(test.TestFileName).lastModified();
-    // Whoever goes on with the older one would undo what was saved since.
-    const QString newer =
-        !test.TestFileName.isEmpty() && saved > left.KeptAt
-            ? QStringLiteral(" The file was changed after that, on ") + ShortTime(saved) +
-                  QStringLiteral(": what was written to it then is not among them, and saving them would replace it.")
-            : QString();
-    return QStringLiteral("The test '") + title + QStringLiteral("' (") + file +
-           QStringLiteral(") has changes that were not saved when Vellumo ended. They were kept on ") +
-           ShortTime(left.KeptAt) + u'.' + newer +
-           QStringLiteral("\n\nDo you want to go on with them in the editor? 'No' gives them up, 'Cancel' asks again "
-                          "at the next start.");
-}
 
 template <typename Window> Window* Owned(Window* window) {
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -197,8 +175,7 @@ bool AppNavigator::OfferLeftTest() {
     const std::optional<RecoveredTest> left = copies_.Left();
     if (!left)
         return false;
-    switch (parts_.Ports.Boxes.Ask(
-        {LeftTestQuestion(*left), QStringLiteral("Unsaved Test"), PromptButtons::YesNoCancel, PromptIcon::Question})) {
+    switch (parts_.Ports.Boxes.Ask(LeftTestQuestion(*left, LeftTestOffer::AtStart))) {
     case PromptAnswer::Yes:
         break;
     case PromptAnswer::No:
@@ -212,7 +189,7 @@ bool AppNavigator::OfferLeftTest() {
         return false;
     parts_.Run.Test = left->Test;
     editor_ = MakeEditor();
-    editor_->LoadRecovered();
+    editor_->LoadRecovered(left->Typed);
     BringUp(*editor_);
     return true;
 }
