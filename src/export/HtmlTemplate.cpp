@@ -3,6 +3,7 @@
 #include "base/LineBreak.h"
 #include "base/SectionFinder.h"
 #include "base/Text.h"
+#include "export/PageData.h"
 
 namespace {
 
@@ -110,9 +111,19 @@ void FillTag(QString& text, const QString& tag, const QString& value) {
     } while (text.contains(tag));
 }
 
+int PageAnswerCount(const TestDocument& test, int q) {
+    if (test.QuestionType(q) == TypeUnset)
+        return test.TemplateAnswerCount;
+    return test.QuestionType(q) == Multichoice ? test.AnswerCount(q) : 0;
+}
+
 QString QuoteForScript(QString text) { return text.replace(u'\'', QStringLiteral("\\'")); }
 
 void FillTemplate(QString& text, const TestDocument& test, const PageValues& values) {
+    // These come first, so that they are never looked for in what the others filled in. They hold no tag themselves.
+    FillTag(text, QStringLiteral("[LANGUAGE]"), values.Language);
+    if (const QString tag = QStringLiteral("[TEST DATA]"); text.contains(tag))
+        FillTag(text, tag, PageData(test, values));
     FillTag(text, QStringLiteral("[TEST TITLE]"), test.TestTitle);
     FillText(text, QStringLiteral("[INSTRUCTIONS]"), test.TestInstructions);
     FillText(text, QStringLiteral("[INTRODUCTION]"), test.TestIntroduction);

@@ -20,7 +20,12 @@ void RequirePageLength(qsizetype length);
 struct PageValues {
     QString Email;
     QString NextPage;
+    /// The page's language as a tag of BCP 47.
+    QString Language;
 };
+
+/// How many answers question q of a page has. Throws BoundError past question 200, unless they are the template's.
+int PageAnswerCount(const TestDocument& test, int q);
 
 /// Puts the value in the place of every occurrence of the tag (exact case), and again as long as there are any.
 /// Throws TemplateError when the value contains the tag, which would never end, or when the text grows too long.

@@ -12,6 +12,8 @@ struct Prompt {
     QString Title;
     PromptButtons Buttons = PromptButtons::Ok;
     PromptIcon Icon = PromptIcon::None;
+    /// What Enter answers in a box with Yes, No and Cancel.
+    PromptAnswer Default = PromptAnswer::Yes;
 };
 
 /// Message boxes.

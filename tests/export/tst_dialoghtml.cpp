@@ -1,4 +1,6 @@
 #include "export/ui/DialogHTML.h"
+#include "platform/ui/LanguageBox.h"
+#include "platform/ui/QtPrompts.h"
 #include "support/Files.h"
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingLauncher.h"
@@ -11,15 +13,17 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
 
-const QByteArray Page = "<html><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'>to "
+const QByteArray Page = "<html lang=\"en\"><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'>to "
                         "me@example.com<p align='center'>Test Created By <a "
                         "href='https://www.example.com/vellumo'>Vellumo</a>.</p></body></html>\r\n";
-const QByteArray EmptyPage = "<html><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'><p "
+const QByteArray EmptyPage = "<html lang=\"en\"><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'><p "
                              "align='center'>Test Created By <a "
                              "href='https://www.example.com/vellumo'>Vellumo</a>.</p></body></html>\r\n";
 
@@ -31,6 +35,7 @@ struct Export {
         session.HtmlTemplatePath = Path("T.vlx");
         session.HtmlEmailAddress = QStringLiteral("me@example.com");
         session.HtmlNextPage = QStringLiteral("next.html");
+        session.HtmlLanguage = QStringLiteral("en");
         PutBytes(Path("T.vlx"), "[DESCRIPTION]Two\nlines[/DESCRIPTION][HEADER]to [EMAIL][/HEADER]");
         PutBytes(Path("Host.html"), "<body>\nhost</BODY>x</body>");
     }
@@ -92,7 +97,7 @@ class tst_dialoghtml : public QObject {
         for (const auto* button : dialog.window->findChildren<QAbstractButton*>())
             texts.append(button->text());
         for (const char* text :
-             {"Using HTML Template File", "Template File", "Description", "Required by CGI scripts", "E-mail Address",
+             {"Page Language", "Using HTML Template File", "Template File", "Description", "Required by CGI scripts", "E-mail Address",
               "Next Page", "File name:", "Insert html into this file:", "Insert", "Before", "After", "Text:", "Cancel"})
             QVERIFY2(texts.contains(QLatin1String(text)), text);
         GrabToPng(*dialog.window, QStringLiteral("dialog-html"));
@@ -130,7 +135,8 @@ class tst_dialoghtml : public QObject {
             PutBytes(dialog.Path("New.vlx"), content);
         dialog.Open();
         if (content == "[DESCRIPTION]")
-            dialog.prompts.Expect(QStringLiteral("I can't find the [/DESCRIPTION]tag in the file: /tests/Mood.vlm"));
+            dialog.prompts.Expect(QStringLiteral("I can't find the [/DESCRIPTION]tag in the file: ") +
+                                  dialog.Path("New.vlx"));
         dialog.Box("txteditor").setFocus();
         dialog.Box("txteditor").setText(dialog.Path("New.vlx"));
         QCOMPARE(dialog.Description(), QStringLiteral("Two\nlines"));
@@ -179,14 +185,15 @@ class tst_dialoghtml : public QObject {
         const char* box = index == 0 ? "Text1" : "Text2";
         Click(*dialog.window, button);
         QCOMPARE(dialog.Box(box).text(), QString());
-        QVERIFY(dialog.store.WrittenKeys.isEmpty());
+        // Nothing is remembered yet, so that the dialog opened in the current folder.
+        QCOMPARE(QDir(dialog.store.Values.value(key)).canonicalPath(), QDir(dialog.folder.path()).canonicalPath());
         Click(*dialog.window, button);
         QCOMPARE(dialog.Box(box).text(), dialog.Path("a/x.html"));
         QTEST(dialog.chooser.Questions()[1].Title, "title");
         QTEST(dialog.chooser.Questions()[1].DefaultExtension, "extension");
         QCOMPARE(dialog.chooser.Questions()[1].Filter,
                  QStringLiteral("HTML Files (*.html)|*.html|HTM Files (*.htm)|*.htm| All Files (*.*)|*.*"));
-        QCOMPARE(dialog.store.WrittenKeys, QStringList{key});
+        QCOMPARE(dialog.store.WrittenKeys, (QStringList{key, key}));
         const QString folder = QDir::toNativeSeparators(dialog.Path("a"));
         QCOMPARE(dialog.store.Values.value(key), folder);
         QCOMPARE(index == 0 ? dialog.session.UserSettings.HtmlDirectory : dialog.session.UserSettings.TempHtmlDirectory,
@@ -204,6 +211,67 @@ class tst_dialoghtml : public QObject {
         QVERIFY(!QDir::currentPath().endsWith(QStringLiteral("/a")));
         flow.GoToFolderOf(HtmlFile::Host);
         QVERIFY(QDir::currentPath().endsWith(QStringLiteral("/a")));
+    }
+
+    void Ok_NameWithoutExtension_GetsHtml() {
+        Export dialog;
+        PutBytes(dialog.Path("there"), "x");
+        dialog.Open();
+        QVERIFY(!dialog.StaysOnOk(dialog.Path("new")));
+        QCOMPARE(BytesOf(dialog.Path("new.html")), Page);
+        QCOMPARE(dialog.Box("Text1").text(), dialog.Path("new.html"));
+        for (const char* name : {"a.b/new.", "x.htm", "there"})
+            QCOMPARE(HtmlExportFlow::TargetOf(dialog.Path(name)),
+                     dialog.Path(name) + QLatin1String(QLatin1String(name).endsWith(u'.') ? "html" : ""));
+    }
+
+    void Ok_ExistingTarget_EnterIsHarmless_data() {
+        QTest::addColumn<QByteArray>("page");
+        QTest::addColumn<QStringList>("questions");
+        QTest::addColumn<bool>("replaced");
+        const QString insert = QStringLiteral("Would you like to insert html into '%1' ?");
+        const QString replace = QStringLiteral("Would you like to replace '%1' as a new file ?");
+        QTest::newRow("made by Vellumo") << QByteArray(EmptyPage) << QStringList{replace} << true;
+        QTest::newRow("not made by it") << QByteArray("<body></body>") << QStringList{insert, replace} << false;
+        QTest::newRow("a test was put into it")
+            << QByteArray("<body><!-- vellumo begins --></body>") << QStringList{insert, replace} << false;
+    }
+    void Ok_ExistingTarget_EnterIsHarmless() {
+        QFETCH(QByteArray, page);
+        QFETCH(QStringList, questions);
+        QFETCH(bool, replaced);
+        Export dialog;
+        const QString target = dialog.Path("old.html");
+        PutBytes(target, page);
+        QtPrompts boxes;
+        DialogHTML window({dialog.session, boxes, dialog.launcher, dialog.store, {}}, dialog.chooser, dialog.navigator);
+        ShowAndActivate(window);
+        Find<QLineEdit>(window, QStringLiteral("Text1")).setText(target);
+        QStringList asked;
+        QTimer enter;
+        connect(&enter, &QTimer::timeout, this, [&asked] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); box && box->isActiveWindow()) {
+                asked.append(box->text());
+                QTest::keyClick(box, Qt::Key_Return);
+            }
+        });
+        enter.start(20);
+        Click(window, QStringLiteral("OKButton"));
+        QCOMPARE(asked, questions.replaceInStrings(QStringLiteral("%1"), target));
+        QCOMPARE(BytesOf(target), replaced ? Page : page);
+    }
+
+    void Language_Chosen_HoldsForTheRun() {
+        Export dialog;
+        dialog.session.HtmlLanguage = QStringLiteral("sr-Latn-RS");
+        dialog.Open();
+        auto& box = Find<LanguageBox>(*dialog.window, QStringLiteral("cboLanguage"));
+        QCOMPARE(box.Language(), QStringLiteral("sr-Latn-RS"));
+        QVERIFY(box.findText(QStringLiteral("German"), Qt::MatchStartsWith) > 0);
+        box.setCurrentIndex(box.findText(QStringLiteral("German"), Qt::MatchStartsWith));
+        QCOMPARE(dialog.session.HtmlLanguage, QStringLiteral("de"));
+        box.setCurrentIndex(0);
+        QCOMPARE(dialog.session.HtmlLanguage, QString());
     }
 
     void Ok_NewFile_WritesAndShowsThePage() {
