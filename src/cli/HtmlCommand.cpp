@@ -33,7 +33,8 @@ void RequireSense(const CommandLine& line) {
     if (pointed && line.Value(BeforeOption).isEmpty() && line.Value(AfterOption).isEmpty())
         throw UsageError(QStringLiteral("Please enter some text to use as an insertion point"));
     if (line.Has(LanguageOption) && !IsLanguageTag(line.Value(LanguageOption)))
-        throw UsageError(Quoted(line.Value(LanguageOption)) + QStringLiteral(" is no language; '--language de' is one"));
+        throw UsageError(Quoted(line.Value(LanguageOption)) +
+                         QStringLiteral(" is no language; '--language de' is one"));
     for (const QString& option : {HostOption, OutputOption})
         if (line.Has(option) && line.Value(option).isEmpty())
             throw UsageError(Quoted(option) + QStringLiteral(" needs a file"));

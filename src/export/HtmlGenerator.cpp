@@ -36,7 +36,8 @@ QString PageOf(Session& session, const QString& programFolder) {
     QString text;
     if (const Result read = ReadTemplateFile(session.HtmlTemplatePath, programFolder, text); !read)
         throw TemplateError(read.Message());
-    FillTemplate(text, session.Test, {session.HtmlEmailAddress, session.HtmlNextPage, PageLanguage(session.HtmlLanguage)});
+    FillTemplate(text, session.Test,
+                 {session.HtmlEmailAddress, session.HtmlNextPage, PageLanguage(session.HtmlLanguage)});
 
     const TemplateParts parts = CutTemplate(text, session.ClosingPart);
     QString body;

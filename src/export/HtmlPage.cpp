@@ -89,9 +89,7 @@ bool IsLanguageTag(const QString& text) {
     return tag.match(text).hasMatch();
 }
 
-QString PageLanguage(const QString& chosen) {
-    return IsLanguageTag(chosen) ? chosen : QLocale::system().bcp47Name();
-}
+QString PageLanguage(const QString& chosen) { return IsLanguageTag(chosen) ? chosen : QLocale::system().bcp47Name(); }
 
 QString NewPage(const QString& title, const QString& generated, const QString& language) {
     return QStringLiteral("<html lang=\"") + Escaped(language) + QStringLiteral("\"><head><title>") + Escaped(title) +

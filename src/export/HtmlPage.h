@@ -38,8 +38,8 @@ struct HostPage {
 Result ReadHostPage(const QString& path, HostPage& host);
 
 /// The host with the generated text before or after the first occurrence of the insertion text, which is found without
-/// regard to case. Nothing when it isn't there. A test that an earlier insertion left there goes, when the generated text
-/// carries the same marks: two of them in one page work neither of them.
+/// regard to case. Nothing when it isn't there. A test that an earlier insertion left there goes, when the generated
+/// text carries the same marks: two of them in one page work neither of them.
 std::optional<QString> InsertInto(const QString& host, const QString& generated, const InsertionPoint& point);
 
 /// The bytes of a page: in the encoding that it declares in a meta element; in the code page when it declares none, or

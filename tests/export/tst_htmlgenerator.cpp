@@ -191,8 +191,8 @@ class tst_htmlgenerator : public QObject {
         Generation generation;
         generation.session.GeneratedHtml = QStringLiteral("old");
         generation.session.HtmlTemplatePath = generation.folder.filePath(QStringLiteral("T.vlx"));
-        generation.prompts.Expect(QStringLiteral("I can't find the ") + tag +
-                                  QStringLiteral("tag in the file: ") + generation.session.HtmlTemplatePath);
+        generation.prompts.Expect(QStringLiteral("I can't find the ") + tag + QStringLiteral("tag in the file: ") +
+                                  generation.session.HtmlTemplatePath);
         generation.ExpectTemplateMessage();
         QCOMPARE(generation.Page(text), QString());
         QVERIFY(generation.failed);
@@ -278,9 +278,11 @@ class tst_htmlgenerator : public QObject {
     void TestData_HostileTexts_AreEscaped() {
         Generation generation;
         generation.session.Test = TestFromText(QStringLiteral(
-            "[SUBSCALES][S]M[SIG]0 to x =a[/SIG][/S][/SUBSCALES][TOTAL][SIG]-2 to 3 =b[/SIG][/TOTAL]"
+            "[SUBSCALES][S]M[SIG]0 to 1 =a[/SIG][/S][/SUBSCALES][TOTAL][SIG]-2 to 3 =b[/SIG][/TOTAL]"
             "[TEMPLATE][A]No[v=0][/A][/TEMPLATE][Q]own[A]y[v=2][/A][SS=1][/Q][Q]template's[/Q][Q]s[QT]2[/QT][/Q]"));
-        generation.session.Test.TestTitle = QStringLiteral("</a>\"'&`[EMAIL]\\\r\n\u2028\u00e4") + QChar(0) + QChar(0xd800);
+        generation.session.Test.TestTitle =
+            QStringLiteral("</a>\"'&`[EMAIL]\\\r\n\u2028\u00e4") + QChar(0) + QChar(0xd800);
+        generation.session.Test.SubscaleRangeHigh(1, 1) = Value(QStringLiteral("x"));
         generation.session.HtmlNextPage = QStringLiteral("[TEST DATA]");
         generation.session.HtmlLanguage = QStringLiteral("de");
         QCOMPARE(

@@ -123,8 +123,8 @@ class tst_htmlpage : public QObject {
         const QString old = QStringLiteral("<!-- vellumo begins -->1<!-- vellumo ends -->");
         const QString paper = QStringLiteral("<!-- vellumo-paper begins -->2<!-- vellumo-paper ends -->");
         const QString made = QString(old).replace(u'1', u'3');
-        QCOMPARE(InsertInto(old + u'a' + paper + old + u'b', made, {QStringLiteral("B"), false}).value_or(QString()),
-                 u'a' + paper + made + u'b');
+        QCOMPARE(InsertInto(old + u'a' + paper + old + u'Z', made, {QStringLiteral("z"), false}).value_or(QString()),
+                 u'a' + paper + made + u'Z');
         QVERIFY(!InsertInto(old, made, {QStringLiteral("1"), false}));
     }
 
@@ -133,7 +133,8 @@ class tst_htmlpage : public QObject {
         QTest::addColumn<PageOrigin>("origin");
         const QString made = NewPage(QStringLiteral("T"), QStringLiteral("x"), QStringLiteral("en"));
         QTest::newRow("made") << made + QStringLiteral("\r\n") << PageOrigin::Vellumo;
-        QTest::newRow("made by another version") << QString(made).remove(QStringLiteral(" lang=\"en\""))
+        QTest::newRow("made by another version") << QString(made)
+                                                        .remove(QStringLiteral(" lang=\"en\""))
                                                         .replace(QStringLiteral("example.com"), QStringLiteral("x"))
                                                  << PageOrigin::Vellumo;
         QTest::newRow("test in it") << "<body><!-- vellumo-paper begins --></body>" << PageOrigin::HoldsTest;
@@ -245,7 +246,8 @@ class tst_htmlpage : public QObject {
 
     void Run_Language_DeclaredOrRefused() {
         Tool tool;
-        QVERIFY(tool.Run({QStringLiteral("--language"), QStringLiteral("de")}).Out.startsWith("<html lang=\"de\"><head>"));
+        QVERIFY(
+            tool.Run({QStringLiteral("--language"), QStringLiteral("de")}).Out.startsWith("<html lang=\"de\"><head>"));
         QCOMPARE(tool.Run({QStringLiteral("--language=<")}).Status, 2);
     }
 

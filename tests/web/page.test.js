@@ -141,7 +141,7 @@ const hostile = ['</script><script>hit()</script>', '<img src=x onerror=hit()>',
   '--><script>hit()</script>', '</textarea></style></title></template><script>hit()</script>', '</NoEmbed><img src=x onerror=hit()>',
   '</TITLE><svg/onload=hit()>', '</noscript></main></body><script>hit()</script>', '${hit()}', '<!--<script>', ']]>', '&#60;b&#62;',
   '<!-- vellumo ends --><script>hit()</script>', 'javascript:hit()', ' java\tscript:hit()', 'data:text/html,<script>hit()</script>',
-  '\u2028 \uFEFF é ж 😀', 'a\u0001\u001B\u0085b', '[EMAIL][TEST DATA][QUESTION TEXT][LANGUAGE][Q]'];
+  '\u2028 \uFEFF é ж 😀', 'a\u0085\u200Eb', '[EMAIL][TEST DATA][QUESTION TEXT][LANGUAGE]'];
 /** A test with the text in each of its fields; one with a bracket would end the shorter ones. */
 const hostileTest = text => {
   const short = text.includes('[') ? 'x' : text;
@@ -150,8 +150,8 @@ const hostileTest = text => {
     `[TOTAL][SIG]0 to 9 =${text}[/SIG][/TOTAL][Q]${short}[A]${short}[v=1][/A][SS=1][/Q][Q]${short}[QT]2[/QT][/Q][Q]${short}[QT]3[/QT][/Q]`)];
 };
 const watch = () => { globalThis.hit = () => { globalThis.wasHit = true; }; };
-const unharmed = async (tab, what) =>
-  assert.deepEqual([await tab.evaluate(() => globalThis.wasHit), tab.errors, tab.loaded, tab.dialogs], [undefined, [], [], []], what);
+const unharmed = async tab =>
+  assert.deepEqual([await tab.evaluate(() => globalThis.wasHit), tab.errors, tab.loaded, tab.dialogs], [undefined, [], [], []]);
 
 for (const text of hostile)
   test(`a text stays a text: ${text}`, async () => {
@@ -174,14 +174,17 @@ for (const text of hostile)
     assert.ok(await tab.isHidden('#vellumo-send'));
     await unharmed(tab);
     await tab.context().close();
-
-    const host = web.put('host.html', '<!DOCTYPE html><title>Host</title><h1>Host</h1><hr><p id="end">end</p>');
-    const inside = await web.open(browser, web.makePage(path, '--insert-into', host, '--before', '<hr>'), {}, watch);
-    assert.deepEqual([await inside.title(), await inside.textContent('body > #end')], ['Host', 'end']);
-    assert.equal(await inside.textContent('#vellumo-question-1 label'), short);
-    await unharmed(inside, 'inserted');
-    await inside.context().close();
   });
+
+test('a page that hostile texts were put into stays whole', async () => {
+  const [all, path] = hostileTest(hostile.filter(text => !text.includes('[')).join(' '));
+  const host = web.put('host.html', '<!DOCTYPE html><title>Host</title><h1>Host</h1><hr><p id="end">end</p>');
+  const tab = await web.open(browser, web.makePage(path, '--email', all, '--next-page', all, '--insert-into', host, '--before', '<hr>'), {}, watch);
+  assert.deepEqual([await tab.title(), await tab.textContent('body > #end'), await tab.getAttribute('html', 'lang')], ['Host', 'end', null]);
+  assert.equal(await tab.textContent('#vellumo-question-1 label'), all);
+  await unharmed(tab);
+  await tab.context().close();
+});
 
 test('the next page is on the web or beside this one', async () => {
   for (const [given, leadsTo] of [['javascript:alert(1)'], [' java\nscript:alert(1)'], ['data:text/html,x'], ['file:///etc/passwd'], ['//host/share'],
@@ -199,9 +202,9 @@ test('the next page is on the web or beside this one', async () => {
 test('the page declares its language, and its own words are English', async () => {
   const tab = await web.open(browser, smallPage('--language', 'pt-BR'));
   assert.equal(await tab.getAttribute('html', 'lang'), 'pt-BR');
-  const languages = await tab.$$eval('#vellumo, h1 span, legend span, label span, #vellumo-finish', all =>
-    all.filter(e => e.textContent !== ': result').map(e => e.closest('[lang]').lang));
-  assert.deepEqual([...new Set(languages.slice(0, -1)), languages.at(-1)], ['pt-BR', 'en']);
+  const languages = await tab.$$eval('#vellumo, #vellumo .text', all => all.map(element => element.lang));
+  assert.deepEqual([...new Set(languages)], ['pt-BR']);
+  assert.equal(await tab.$eval('#vellumo-finish', button => button.closest('[lang]').lang), 'en');
   assert.deepEqual(await web.violations(tab), []);
   await tab.context().close();
 });
