@@ -20,7 +20,7 @@ LanguageBox::LanguageBox(const QString& language, QWidget* parent) : QComboBox(p
         // A language that the system's library knows nothing of gives a locale of another one.
         if (const QLocale locale(static_cast<QLocale::Language>(i)); locale.language() == i)
             tags.insert(NameOf(locale), locale.bcp47Name());
-    addItem(QStringLiteral("The system's: ") + NameOf(QLocale::system()), QString());
+    addItem(QStringLiteral("The system's: ") + NameOf(QLocale(QLocale::system().bcp47Name())), QString());
     for (auto entry = tags.cbegin(); entry != tags.cend(); ++entry)
         addItem(entry.key(), entry.value());
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
