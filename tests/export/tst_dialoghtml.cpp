@@ -106,10 +106,15 @@ class tst_dialoghtml : public QObject {
 
     void Boxes_Changed_HoldForTheRun() {
         Export dialog;
+        dialog.session.HtmlLanguage = QStringLiteral("sr-Latn-RS");
         dialog.Open();
         dialog.Box("txteditor").setText(QStringLiteral("other.vlx"));
         dialog.Box("txtEmail").setText(QStringLiteral("you@example.com"));
         dialog.Box("txtNextPage").setText(QStringLiteral("there"));
+        auto& language = Find<LanguageBox>(*dialog.window, QStringLiteral("cboLanguage"));
+        QCOMPARE(language.Language(), QStringLiteral("sr-Latn-RS"));
+        language.setCurrentIndex(language.findText(QStringLiteral("German"), Qt::MatchStartsWith));
+        QCOMPARE(dialog.session.HtmlLanguage, QStringLiteral("de"));
         Click(*dialog.window, QStringLiteral("CancelButton"));
         QVERIFY(!dialog.window->isVisible());
         QCOMPARE(dialog.session.HtmlTemplatePath, QStringLiteral("other.vlx"));
@@ -181,38 +186,26 @@ class tst_dialoghtml : public QObject {
             index == 0 ? dialog.chooser.ExpectSave(path) : dialog.chooser.ExpectOpen(path);
         };
         expect({});
-        expect(dialog.Path("a/x.html"));
-        dialog.session.UserSettings.HtmlDirectory = dialog.session.UserSettings.TempHtmlDirectory =
-            dialog.folder.path();
+        expect(dialog.Path("b/x.html"));
+        Settings& settings = dialog.session.UserSettings;
+        settings.HtmlDirectory = settings.TempHtmlDirectory = dialog.Path("a");
         const QString button = QStringLiteral("Command1_%1").arg(index);
         const char* box = index == 0 ? "Text1" : "Text2";
         Click(*dialog.window, button);
         QCOMPARE(dialog.Box(box).text(), QString());
-        QCOMPARE(dialog.store.Values.value(key), QDir::toNativeSeparators(QDir::currentPath()));
+        // The dialog opened there, and it was the current folder when it was closed.
+        QCOMPARE(QDir(dialog.store.Values.value(key)).canonicalPath(), QDir(dialog.Path("a")).canonicalPath());
         Click(*dialog.window, button);
-        QCOMPARE(dialog.Box(box).text(), dialog.Path("a/x.html"));
+        QCOMPARE(dialog.Box(box).text(), dialog.Path("b/x.html"));
         QTEST(dialog.chooser.Questions()[1].Title, "title");
         QTEST(dialog.chooser.Questions()[1].DefaultExtension, "extension");
         QCOMPARE(dialog.chooser.Questions()[1].Filter,
                  QStringLiteral("HTML Files (*.html)|*.html|HTM Files (*.htm)|*.htm| All Files (*.*)|*.*"));
         QCOMPARE(dialog.store.WrittenKeys, (QStringList{key, key}));
-        const QString folder = QDir::toNativeSeparators(dialog.Path("a"));
+        const QString folder = QDir::toNativeSeparators(dialog.Path("b"));
         QCOMPARE(dialog.store.Values.value(key), folder);
-        QCOMPARE(index == 0 ? dialog.session.UserSettings.HtmlDirectory : dialog.session.UserSettings.TempHtmlDirectory,
-                 folder);
+        QCOMPARE(index == 0 ? settings.HtmlDirectory : settings.TempHtmlDirectory, folder);
         QCOMPARE(QDir(QDir::currentPath()).canonicalPath(), QDir(dialog.folder.path()).canonicalPath());
-    }
-
-    void Flow_RememberedFolder_IsTheCurrentOne() {
-        Export dialog;
-        HtmlExportFlow flow({dialog.session, dialog.prompts, dialog.launcher, dialog.store, {}});
-        QDir(dialog.folder.path()).mkdir(QStringLiteral("a"));
-        dialog.session.UserSettings.TempHtmlDirectory = dialog.Path("a");
-        QDir::setCurrent(dialog.folder.path());
-        flow.GoToFolderOf(HtmlFile::Target);
-        QVERIFY(!QDir::currentPath().endsWith(QStringLiteral("/a")));
-        flow.GoToFolderOf(HtmlFile::Host);
-        QVERIFY(QDir::currentPath().endsWith(QStringLiteral("/a")));
     }
 
     void Ok_NameWithoutExtension_GetsHtml() {
@@ -235,6 +228,11 @@ class tst_dialoghtml : public QObject {
         const QString replace = QStringLiteral("Would you like to replace '%1' as a new file ?");
         QTest::newRow("made by Vellumo") << QByteArray(EmptyPage) << QStringList{replace} << true;
         QTest::newRow("not made by it") << QByteArray("<body></body>") << QStringList{insert, replace} << false;
+        QTest::newRow("made by another version")
+            << QByteArray(EmptyPage).replace("www.example.com", "x").replace(" lang=\"en\"", "") << QStringList{replace}
+            << true;
+        QTest::newRow("made by it, and then added to")
+            << QByteArray(EmptyPage + "<p>x") << QStringList{insert, replace} << false;
         QTest::newRow("a test was put into it")
             << QByteArray("<body><!-- vellumo begins --></body>") << QStringList{insert, replace} << false;
     }
@@ -262,19 +260,6 @@ class tst_dialoghtml : public QObject {
         Click(window, QStringLiteral("OKButton"));
         QCOMPARE(asked, questions.replaceInStrings(QStringLiteral("%1"), target));
         QCOMPARE(BytesOf(target), replaced ? Page : page);
-    }
-
-    void Language_Chosen_HoldsForTheRun() {
-        Export dialog;
-        dialog.session.HtmlLanguage = QStringLiteral("sr-Latn-RS");
-        dialog.Open();
-        auto& box = Find<LanguageBox>(*dialog.window, QStringLiteral("cboLanguage"));
-        QCOMPARE(box.Language(), QStringLiteral("sr-Latn-RS"));
-        QVERIFY(box.findText(QStringLiteral("German"), Qt::MatchStartsWith) > 0);
-        box.setCurrentIndex(box.findText(QStringLiteral("German"), Qt::MatchStartsWith));
-        QCOMPARE(dialog.session.HtmlLanguage, QStringLiteral("de"));
-        box.setCurrentIndex(0);
-        QCOMPARE(dialog.session.HtmlLanguage, QString());
     }
 
     void Ok_NewFile_WritesAndShowsThePage() {

@@ -303,10 +303,6 @@ class tst_htmlgenerator : public QObject {
         QCOMPARE(text, QStringLiteral("x"));
     }
 
-    void QuoteForScript_Text_OnlySingleQuotes() {
-        QCOMPARE(QuoteForScript(QStringLiteral("a'b\\'c\"<&\r\n'")), QStringLiteral("a\\'b\\\\'c\"<&\r\n\\'"));
-    }
-
     void ExpandQuestionPart_Tags_InTheirOrder() {
         TestDocument test = TestFromText(Test);
         test.QuestionText(1) = QStringLiteral("[ANSWER][QUESTION NO]");

@@ -128,25 +128,6 @@ class tst_htmlpage : public QObject {
         QVERIFY(!InsertInto(old, made, {QStringLiteral("1"), false}));
     }
 
-    void OriginOf_Page_IsKnownByItsMarks_data() {
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<PageOrigin>("origin");
-        const QString made = NewPage(QStringLiteral("T"), QStringLiteral("x"), QStringLiteral("en"));
-        QTest::newRow("made") << made + QStringLiteral("\r\n") << PageOrigin::Vellumo;
-        QTest::newRow("made by another version") << QString(made)
-                                                        .remove(QStringLiteral(" lang=\"en\""))
-                                                        .replace(QStringLiteral("example.com"), QStringLiteral("x"))
-                                                 << PageOrigin::Vellumo;
-        QTest::newRow("test in it") << "<body><!-- vellumo-paper begins --></body>" << PageOrigin::HoldsTest;
-        QTest::newRow("another version's test") << "<body><main id=\"vellumo\" class" << PageOrigin::HoldsTest;
-        QTest::newRow("a page about it") << "<body>Vellumo begins</body>" << PageOrigin::Elsewhere;
-        QTest::newRow("went on after it") << made + QStringLiteral("<p>x") << PageOrigin::Elsewhere;
-    }
-    void OriginOf_Page_IsKnownByItsMarks() {
-        QFETCH(QString, page);
-        QTEST(OriginOf(page), "origin");
-    }
-
     void NewPage_HostileTitle_IsEscaped() {
         QVERIFY(NewPage(QStringLiteral("</title><b>&'\""), QStringLiteral("<i>"), QStringLiteral("de"))
                     .startsWith(QStringLiteral("<html lang=\"de\"><head><title>&lt;/title&gt;&lt;b&gt;&amp;&#39;&quot;"
