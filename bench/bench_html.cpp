@@ -24,14 +24,14 @@ void FillTest(TestDocument& test, int questions) {
     for (int s = 1; s <= test.SubscaleCount; ++s)
         test.SubscaleName(s) = QStringLiteral("Scale %1").arg(s);
     test.TemplateAnswerCount = 5;
+    for (int i = 1; i <= test.TemplateAnswerCount; ++i) {
+        test.TemplateAnswerText(i) = QStringLiteral("Answer number %1").arg(i);
+        test.TemplateAnswerValue(i) = i;
+    }
     test.QuestionCount = questions;
     for (int q = 1; q <= questions; ++q) {
         test.QuestionText(q) = QStringLiteral("Statement number %1 about an ordinary day").arg(q);
         test.QuestionSubscale(q) = q % 5 + 1;
-        for (int a = 1; a <= test.TemplateAnswerCount; ++a) {
-            test.AnswerText(q, a) = QStringLiteral("Answer number %1").arg(a);
-            test.AnswerValue(q, a) = a;
-        }
     }
 }
 

@@ -23,10 +23,13 @@ TestDocument LongestTest() {
             QStringLiteral("[Q]Question %1 %2[/Q]").arg(q).arg(QStringLiteral("and so on ").repeated(q % 30));
     LoadTest(test);
     // Answers that differ from question to question, so that every button has to be laid out anew.
-    for (int q = 1; q <= MaxQuestions; ++q)
+    for (int q = 1; q <= MaxQuestionsWithAnswers; ++q) {
+        test.QuestionType(q) = Multichoice;
+        test.AnswerCount(q) = MaxAnswers;
         for (int a = 1; a <= MaxAnswers; ++a)
-            test.AnswerText(q, a) +=
-                QStringLiteral(" in question %1 ").arg(q) + QStringLiteral("and more ").repeated((q + a) % 12);
+            test.AnswerText(q, a) = test.TemplateAnswerText(a) + QStringLiteral(" in question %1 ").arg(q) +
+                                    QStringLiteral("and more ").repeated((q + a) % 12);
+    }
     return test;
 }
 

@@ -12,10 +12,9 @@ QString PrintableQuestions(const TestDocument& test) {
         text += QStringLiteral("INSTRUCTIONS") + LineBreak + test.TestInstructions + LineBreak;
     for (int q = 1; q <= test.QuestionCount; ++q) {
         text += QStringLiteral("QUESTION ") + QString::number(q) + LineBreak + test.QuestionText(q) + LineBreak;
-        // The answer template may hold one answer more than a question can.
-        for (int a = 1; a <= qMin(test.MaxAnswerCount, MaxAnswers); ++a)
-            if (!test.AnswerText(q, a).isEmpty())
-                text += QStringLiteral("[ ] ") + test.AnswerText(q, a) + LineBreak;
+        for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
+            if (const QString answer = ChosenText(test, q, a); !answer.isEmpty())
+                text += QStringLiteral("[ ] ") + answer + LineBreak;
         text += LineBreak;
     }
     return text;

@@ -75,6 +75,12 @@ PromptAnswer SayingPrompts::Ask(const Prompt& prompt) {
     return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::Cancel;
 }
 
+int SayingPrompts::Choose(const ChoicePrompt& prompt) {
+    ++count_;
+    Say(console_, prompt.Text);
+    return prompt.Escape;
+}
+
 Progress::Progress(Console& console, qint64 total)
     : console_(console),
       total_(total),

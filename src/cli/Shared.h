@@ -21,6 +21,9 @@ void OpenTestFor(const QString& path, TestDocument& test);
 /// Throws Failure for a test without questions.
 void RequireQuestions(const TestDocument& test);
 
+/// The test as "show" prints it.
+QByteArray JsonOf(const TestDocument& test);
+
 /// Opens a file of responses. Throws Failure.
 void OpenResponses(QFile& file);
 
@@ -29,6 +32,7 @@ class SayingPrompts : public Prompts {
   public:
     explicit SayingPrompts(Console& console) : console_(console) {}
     PromptAnswer Ask(const Prompt& prompt) override;
+    int Choose(const ChoicePrompt& prompt) override;
     /// How many boxes there were.
     int Count() const { return count_; }
 

@@ -1,6 +1,7 @@
 #include "base/JsonWriter.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "cli/Shared.h"
 #include "testdoc/TestParser.h"
 
 namespace {
@@ -8,8 +9,8 @@ namespace {
 void Write(JsonWriter& json, const Value& value) {
     if (value.IsEmpty())
         json.Null();
-    else if (value.IsNumber())
-        json.Number(value.Number());
+    else if (const auto number = value.TryNumber())
+        json.Number(*number);
     else
         json.Text(value.Text());
 }
@@ -48,24 +49,16 @@ void WriteSubscales(JsonWriter& json, const TestDocument& test) {
     json.EndArray();
 }
 
-/// The last answer of the question that was ever given a text or a value.
-int LastAnswer(const TestDocument& test, int q) {
-    int a = MaxAnswers;
-    while (a > 0 && test.AnswerText(q, a).isEmpty() && test.AnswerValue(q, a).IsEmpty())
-        --a;
-    return a;
-}
-
 void WriteQuestion(JsonWriter& json, const TestDocument& test, int q) {
     json.BeginObject();
     json.TextAt(u"QuestionText", test.QuestionText(q));
     json.NumberAt(u"QuestionType", test.QuestionType(q));
     json.NumberAt(u"QuestionSubscale", test.QuestionSubscale(q));
-    json.NumberAt(u"AnswerCount", q <= MaxQuestionsWithAnswers ? test.AnswerCount(q) : 0);
+    json.NumberAt(u"AnswerCount", OwnAnswerCount(test, q));
     json.Key(u"Answers");
     json.BeginArray();
-    for (int a = 1; a <= LastAnswer(test, q); ++a)
-        WriteAnswer(json, test.AnswerText(q, a), test.AnswerValue(q, a));
+    for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
+        WriteAnswer(json, ChosenText(test, q, a), ChosenValue(test, q, a));
     json.EndArray();
     json.EndObject();
 }
@@ -128,6 +121,15 @@ int Run(const CommandLine& line, Console& console) {
     TestDocument test;
     if (const Result opened = OpenTest(test, AbsolutePath(line.Files[0])); !opened)
         throw Failure(opened.Message());
+    Output output(console.Out);
+    output.Write(JsonOf(test));
+    output.Finish();
+    return Done;
+}
+
+} // namespace
+
+QByteArray JsonOf(const TestDocument& test) {
     JsonWriter json;
     json.BeginObject();
     WriteTexts(json, test);
@@ -136,13 +138,8 @@ int Run(const CommandLine& line, Console& console) {
     WriteQuestions(json, test);
     WriteOptions(json, test);
     json.EndObject();
-    Output output(console.Out);
-    output.Write(json.Json());
-    output.Finish();
-    return Done;
+    return json.Json();
 }
-
-} // namespace
 
 const Command& ShowCommand() {
     static const Command command{QStringLiteral("show"),

@@ -50,7 +50,8 @@ void Interview::TellPage() {
     if (administration_.ShowsMultichoice()) {
         for (int a = 1; a <= MaxAnswers; ++a)
             if (administration_.AnswerOffered(a))
-                Tell(QStringLiteral("%1. ").arg(a, 4) + session_.Test.AnswerText(administration_.CurrentQuestion(), a));
+                Tell(QStringLiteral("%1. ").arg(a, 4) +
+                     ChosenText(session_.Test, administration_.CurrentQuestion(), a));
     } else if (administration_.ShowsShortAnswer() || administration_.ShowsLongAnswer()) {
         const QString& earlier = session_.Responses.ResponseText(administration_.CurrentQuestion());
         if (!earlier.isEmpty())

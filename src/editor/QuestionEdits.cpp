@@ -43,8 +43,6 @@ Value KeptValue(const QString& typed) {
 
 } // namespace
 
-int OwnAnswerCount(const TestDocument& test, int q) { return KeepsAnswers(q) ? test.AnswerCount(q) : 0; }
-
 QString QuestionCaption(const TestDocument& test, int q) { return PositionCaption("Question", q, test.QuestionCount); }
 
 QString AnswerCaption(const TestDocument& test, int q, int a) {
@@ -95,10 +93,7 @@ int DeleteQuestion(TestDocument& test, int q) {
         test.QuestionText(i) = test.QuestionText(i + 1);
         test.QuestionType(i) = test.QuestionType(i + 1);
         test.QuestionSubscale(i) = test.QuestionSubscale(i + 1);
-        SetOwnAnswerCount(test, i, OwnAnswerCount(test, i + 1));
-        // All of them: those of a question without its own are the template's.
-        test.AnswerText.Row(i) = test.AnswerText.Row(i + 1);
-        test.AnswerValue.Row(i) = test.AnswerValue.Row(i + 1);
+        CopyOwnAnswers(test, i + 1, i);
     }
     test.QuestionCount = std::max(0, test.QuestionCount - 1);
     return std::min(q, test.QuestionCount);
@@ -107,7 +102,7 @@ int DeleteQuestion(TestDocument& test, int q) {
 Result AddAnswer(TestDocument& test, int q, const QString& text, const QString& value) {
     if (!KeepsAnswers(q))
         return Result::Failed(OnlySoManyQuestionsWithAnswers);
-    const int a = test.AnswerCount(q) + 1;
+    const int a = OwnAnswerCount(test, q) + 1;
     if (a > MaxAnswers)
         return Result::Failed(OnlySoManyAnswers);
 

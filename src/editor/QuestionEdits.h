@@ -22,9 +22,6 @@ struct QuestionBoxes {
 // In all of these q runs from 1 to QuestionCount and a from 1 to the number of answers of q; 0 stands for a new one
 // where that is said. A refusal is a message of those above, and leaves the document as it was.
 
-/// How many answers of its own question q has; 0 for question 0 and for those above 200.
-int OwnAnswerCount(const TestDocument& test, int q);
-
 /// "Question 2 of 7" or, for question 0, "New Question (Total = 7)".
 QString QuestionCaption(const TestDocument& test, int q);
 /// "Answer 1 of 3" or, for answer 0, "New Answer (Total = 3)".

@@ -16,7 +16,7 @@ void AppendQuestion(QString& body, const TestDocument& test, const TemplateParts
     case TypeUnset:
     case Multichoice: {
         body += ExpandQuestionPart(test, parts.Question, q, 0) + LineBreak;
-        for (int a = 1; a <= PageAnswerCount(test, q); ++a)
+        for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
             body += ExpandQuestionPart(test, parts.Answer, q, a) + LineBreak;
         body += closingPart + paragraph;
         break;

@@ -67,7 +67,7 @@ QString SubscaleExpansion(const QString& section, const TestDocument& test) {
     for (int s = 1; s <= test.SubscaleCount; ++s)
         for (int r = 1; r <= test.SubscaleRangeCount(s); ++r) {
             QString copy = section;
-            FillRange(copy, ++number, test.SubscaleRangeLow(s, r).Text(), test.SubscaleRangeHigh(s, r).Text(),
+            FillRange(copy, ++number, BoundText(test.SubscaleRangeLow(s, r)), BoundText(test.SubscaleRangeHigh(s, r)),
                       test.SubscaleRangeText(s, r));
             FillTag(copy, QStringLiteral("[ANALYSIS SUBSCALE TYPE]"), QString::number(s));
             expansion += copy;
@@ -87,6 +87,11 @@ void ReplaceBlock(QString& text, const QString& name, const TestDocument& test,
 }
 
 } // namespace
+
+QString BoundText(const Value& bound) {
+    const auto number = bound.TryNumber();
+    return number ? QString::number(*number) : bound.Text();
+}
 
 void RequirePageLength(qsizetype length) {
     if (length > MostCharacters)
@@ -109,12 +114,6 @@ void FillTag(QString& text, const QString& tag, const QString& value) {
         RequirePageLength(qMax(grown, work / 16));
         text.replace(tag, value);
     } while (text.contains(tag));
-}
-
-int PageAnswerCount(const TestDocument& test, int q) {
-    if (test.QuestionType(q) == TypeUnset)
-        return test.TemplateAnswerCount;
-    return test.QuestionType(q) == Multichoice ? test.AnswerCount(q) : 0;
 }
 
 QString QuoteForScript(QString text) { return text.replace(u'\'', QStringLiteral("\\'")); }

@@ -24,8 +24,8 @@ struct PageValues {
     QString Language;
 };
 
-/// How many answers question q of a page has. Throws BoundError past question 200, unless they are the template's.
-int PageAnswerCount(const TestDocument& test, int q);
+/// The bound of a range as it is once the test is saved and read: the page has the same before.
+QString BoundText(const Value& bound);
 
 /// Puts the value in the place of every occurrence of the tag (exact case), and again as long as there are any.
 /// Throws TemplateError when the value contains the tag, which would never end, or when the text grows too long.

@@ -33,7 +33,7 @@ void WriteScale(JsonWriter& json, const TestDocument& test, int s) {
     json.Key(u"ranges");
     json.BeginArray();
     for (int r = 1; r <= test.SubscaleRangeCount(s); ++r)
-        WriteRange(json, test.SubscaleRangeLow(s, r).Text(), test.SubscaleRangeHigh(s, r).Text(),
+        WriteRange(json, BoundText(test.SubscaleRangeLow(s, r)), BoundText(test.SubscaleRangeHigh(s, r)),
                    test.SubscaleRangeText(s, r));
     json.EndArray();
     json.EndObject();
@@ -46,7 +46,8 @@ void WriteQuestion(JsonWriter& json, const TestDocument& test, int q) {
     json.NumberAt(u"subscale", test.QuestionSubscale(q));
     json.Key(u"answers");
     json.BeginArray();
-    for (int a = 1; a <= PageAnswerCount(test, q); ++a) {
+    const int count = IsMultichoice(test, q) ? OfferedAnswerCount(test, q) : 0;
+    for (int a = 1; a <= count; ++a) {
         json.BeginObject();
         json.TextAt(u"text", ChosenText(test, q, a));
         json.TextAt(u"value", ChosenValue(test, q, a).Text());

@@ -7,5 +7,5 @@
 
 /// The test and the values of its page as JSON, for a script to read: docs/template-language.md describes its members.
 /// It is ASCII, and none of its characters can end or begin an element, an attribute, a script or a template's tag,
-/// whatever the texts hold. Throws BoundError for a question past 200 with answers of its own.
+/// whatever the texts hold.
 QString PageData(const TestDocument& test, const PageValues& values);

@@ -29,11 +29,11 @@ bool ExportOptionMatters(const TestDocument& test, Option option) {
     switch (option) {
     case IncludeTotalScoreInExcel:
     case IncludeMultichoiceAnswersInExcel:
-        return test.HasMultichoice;
+        return SummaryOf(test).HasMultichoice;
     case IncludeShortAnswersInExcel:
-        return test.HasShortAnswer;
+        return SummaryOf(test).HasShortAnswer;
     case IncludeLongAnswersInExcel:
-        return test.HasLongAnswer;
+        return SummaryOf(test).HasLongAnswer;
     case IncludeSubscalesInExcel:
         return test.SubscaleCount >= 1;
     default:

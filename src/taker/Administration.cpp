@@ -70,7 +70,7 @@ bool Administration::Choose(int a) {
         return false;
     ResponseSet& responses = session_.Responses;
     const int q = responses.CurrentQuestion;
-    const int value = session_.Test.AnswerValue(q, a).Number();
+    const int value = ChosenValue(session_.Test, q, a).Number();
     responses.ResponseChoice(q) = a;
     responses.ResponseValue(q) = value;
     Record();
@@ -145,10 +145,7 @@ bool Administration::ShowsMultichoice() const { return OnQuestion() && frame_ ==
 bool Administration::ShowsShortAnswer() const { return OnQuestion() && frame_ == AnswerFrame::Short; }
 bool Administration::ShowsLongAnswer() const { return OnQuestion() && frame_ == AnswerFrame::Long; }
 
-bool Administration::AnswerOffered(int a) const {
-    const TestDocument& test = session_.Test;
-    return a >= 1 && a <= qMin(test.MaxAnswerCount, MaxAnswers) && !test.AnswerText(CurrentQuestion(), a).isEmpty();
-}
+bool Administration::AnswerOffered(int a) const { return !ChosenText(session_.Test, CurrentQuestion(), a).isEmpty(); }
 
 bool Administration::BeginVisible() const {
     return page_ == TestPage::Instructions || page_ == TestPage::Introduction || page_ == TestPage::QuestionListing;
@@ -187,9 +184,9 @@ QString QuestionListing(const TestDocument& test) {
                    LineBreak + LineBreak;
     for (int q = 1; q <= test.QuestionCount; ++q) {
         listing += QStringLiteral("QUESTION ") + QString::number(q) + LineBreak + test.QuestionText(q) + LineBreak;
-        for (int a = 1; a <= qMin(test.MaxAnswerCount, MaxAnswers); ++a)
-            if (!test.AnswerText(q, a).isEmpty())
-                listing += QStringLiteral("[ ] ") + test.AnswerText(q, a) + LineBreak;
+        for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
+            if (const QString answer = ChosenText(test, q, a); !answer.isEmpty())
+                listing += QStringLiteral("[ ] ") + answer + LineBreak;
         listing += LineBreak;
     }
     return listing;

@@ -26,7 +26,7 @@ const QList<OptionBox>& PromptOptionBoxes() {
     return boxes;
 }
 
-bool ScoringMatters(const TestDocument& test) { return test.HasMultichoice; }
+bool ScoringMatters(const TestDocument& test) { return SummaryOf(test).HasMultichoice; }
 
 bool OptionMatters(const TestDocument& test, Option option) {
     switch (option) {
@@ -43,9 +43,9 @@ bool OptionMatters(const TestDocument& test, Option option) {
     case ReportSubscales:
         return ScoringMatters(test) && test.SubscaleCount >= 1;
     case ReportShortAnswers:
-        return test.HasShortAnswer;
+        return SummaryOf(test).HasShortAnswer;
     case ReportLongAnswers:
-        return test.HasLongAnswer;
+        return SummaryOf(test).HasLongAnswer;
     default:
         return true;
     }

@@ -47,10 +47,10 @@ ScoreTable::ScoreTable(const TestDocument& test)
         item.Slot = s >= 0 && s <= test.SubscaleCount ? static_cast<size_t>(s) : 0;
         for (int a = 1; a <= MaxAnswers; ++a) {
             const auto index = static_cast<size_t>(a);
-            item.Offered[index] = !test.AnswerText(q, a).isEmpty();
-            item.Exists[index] = item.Offered[index] || !test.AnswerValue(q, a).IsEmpty();
+            item.Offered[index] = !ChosenText(test, q, a).isEmpty();
+            item.Exists[index] = a <= OfferedAnswerCount(test, q);
             if (item.Offered[index] && IsMultichoice(test, q))
-                item.Value[index] = test.AnswerValue(q, a).Number();
+                item.Value[index] = ChosenValue(test, q, a).Number();
         }
     }
 }

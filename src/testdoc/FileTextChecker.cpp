@@ -229,7 +229,7 @@ void FileTextChecker::CheckQuestionMarks(int q, const FileElement& question, con
     if (content.count(QStringLiteral("[SS=")) > 1)
         Warn(place, question.Whole.Begin,
              QStringLiteral("the question names several sub-scales; only the first counts"));
-    const int readCount = q <= MaxQuestionsWithAnswers ? test_.AnswerCount(q) : 0;
+    const int readCount = OwnAnswerCount(test_, q);
     if (static_cast<size_t>(readCount) != answers.size())
         Warn(place, question.Whole.Begin,
              QStringLiteral("%1 answers stand in the file, and %2 are read").arg(answers.size()).arg(readCount));

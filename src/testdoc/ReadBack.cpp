@@ -167,13 +167,9 @@ bool Comparison::CompareQuestion(int q) {
     return CompareAnswers(q) && same;
 }
 
-/// Answers of its own are written for a multichoice question only.
 bool Comparison::CompareAnswers(int q) {
-    if (q > MaxQuestionsWithAnswers)
-        return true;
-    const int count = test_.QuestionType(q) == Multichoice ? test_.AnswerCount(q) : 0;
     return List(
-        {TestPlace::Question, q, 0}, "answers", count, read_.AnswerCount(q),
+        {TestPlace::Question, q, 0}, "answers", OwnAnswerCount(test_, q), OwnAnswerCount(read_, q),
         [q](int a) {
             return TestPlace{TestPlace::Answer, q, a};
         },

@@ -22,10 +22,9 @@ void AddShifted(std::vector<quint64>& to, const std::vector<quint64>& from, size
 /// What choosing one of the question's answers can add, each value once.
 std::vector<int> ValuesOf(const TestDocument& test, int q) {
     std::vector<int> values;
-    for (int a = 1; a <= MaxAnswers; ++a) {
-        if (!test.AnswerText(q, a).isEmpty())
-            values.push_back(test.AnswerValue(q, a).TryNumber().value_or(0));
-    }
+    for (int a = 1; a <= OfferedAnswerCount(test, q); ++a)
+        if (!ChosenText(test, q, a).isEmpty())
+            values.push_back(ChosenValue(test, q, a).TryNumber().value_or(0));
     std::sort(values.begin(), values.end());
     values.erase(std::unique(values.begin(), values.end()), values.end());
     return values;

@@ -285,24 +285,21 @@ void DocumentChecker::CheckQuestion(int q) {
 }
 
 void DocumentChecker::CheckAnswers(int q) {
-    int last = 0;
+    const int count = OfferedAnswerCount(test_, q);
     bool offered = false;
-    for (int a = 1; a <= MaxAnswers; ++a) {
-        const bool hasText = !test_.AnswerText(q, a).isEmpty();
-        offered = offered || hasText;
-        if (hasText || !test_.AnswerValue(q, a).IsEmpty())
-            last = a;
-    }
+    for (int a = 1; a <= count; ++a)
+        offered = offered || !ChosenText(test_, q, a).isEmpty();
     if (!offered)
         return Warn(
             {TestPlace::Question, q, 0},
             QStringLiteral("the multichoice question has no answers to choose from, so that nobody gets past it"));
-    for (int a = 1; a <= last; ++a) {
+    for (int a = 1; a <= count; ++a) {
         const TestPlace place{TestPlace::Answer, q, a};
-        if (test_.AnswerText(q, a).isEmpty())
+        const Value value = ChosenValue(test_, q, a);
+        if (ChosenText(test_, q, a).isEmpty())
             Warn(place, QStringLiteral("the answer has no text, so that no button shows it"));
-        else if (!test_.AnswerValue(q, a).TryNumber())
-            WarnProvisionally(place, Quoted(test_.AnswerValue(q, a).Text()) +
+        else if (!value.TryNumber())
+            WarnProvisionally(place, Quoted(value.Text()) +
                                          QStringLiteral(" is no whole number from -32768 to 32767 as a value"));
     }
 }
@@ -348,7 +345,7 @@ void ForEachText(const TestDocument& test, const std::function<void(const TestPl
         visit({TestPlace::TemplateAnswer, 0, i}, test.TemplateAnswerText(i));
     for (int q = 1; q <= test.QuestionCount; ++q) {
         visit({TestPlace::Question, q, 0}, test.QuestionText(q));
-        for (int a = 1; q <= MaxQuestionsWithAnswers && a <= test.AnswerCount(q); ++a)
+        for (int a = 1; a <= OwnAnswerCount(test, q); ++a)
             visit({TestPlace::Answer, q, a}, test.AnswerText(q, a));
     }
     visit({TestPlace::ReportDirectory, 0, 0}, test.ReportDirectory);

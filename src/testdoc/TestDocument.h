@@ -18,8 +18,24 @@ inline constexpr int MaxTestFileLength = 32767;
 /// The values of QuestionType; 0 is a question whose type was never set, and is treated as multichoice.
 enum QuestionKind { TypeUnset = 0, Multichoice = 1, ShortAnswer = 2, LongAnswer = 3 };
 
+/// What reading a file notes about the test as a whole. While a test is edited this stays as it was read; SummaryOf
+/// says what it would be now.
+struct TestSummary {
+    /// Length in characters of the longest answer element, its value marker included.
+    int LongestAnswerLength = 0;
+    int MaxAnswerCount = 0;
+
+    bool HasMultichoice = false;
+    bool HasShortAnswer = false;
+    bool HasLongAnswer = false;
+    bool HasLongAnswerQuestions = false;
+    bool SubscaleRangesPresent = false;
+
+    bool operator==(const TestSummary&) const = default;
+};
+
 /// One test in memory. All arrays run from 1.
-struct TestDocument {
+struct TestDocument : TestSummary {
     TestDocument();
 
     QString TestFileName;
@@ -40,7 +56,6 @@ struct TestDocument {
     BoundedGrid<Value, MaxSubscales, MaxRanges> SubscaleRangeLow;
     BoundedGrid<Value, MaxSubscales, MaxRanges> SubscaleRangeHigh;
     BoundedGrid<QString, MaxSubscales, MaxRanges> SubscaleRangeText;
-    bool SubscaleRangesPresent = false;
 
     int TotalRangeCount = 0;
     BoundedArray<int, MaxRanges> TotalRangeLow;
@@ -58,17 +73,10 @@ struct TestDocument {
     BoundedArray<int, MaxQuestions> QuestionSubscale;
     /// Ends before the other arrays of the questions do: only questions 1 to 200 have answers of their own.
     BoundedArray<int, MaxQuestionsWithAnswers> AnswerCount;
+    /// Answers of their own only; what lies above AnswerCount is left over from editing. Whoever shows, scores or
+    /// exports a question asks OfferedAnswerCount, ChosenText and ChosenValue, which know the template's.
     BoundedGrid<QString, MaxQuestions, MaxAnswers> AnswerText;
     BoundedGrid<Value, MaxQuestions, MaxAnswers> AnswerValue;
-
-    /// Length in characters of the longest answer element, its value marker included.
-    int LongestAnswerLength = 0;
-    int MaxAnswerCount = 0;
-
-    bool HasMultichoice = false;
-    bool HasShortAnswer = false;
-    bool HasLongAnswer = false;
-    bool HasLongAnswerQuestions = false;
 
     bool ReportOnlyWhenDone = false;
     bool NavigationButtons = false;
@@ -87,6 +95,17 @@ struct TestDocument {
 /// Whether question q (1..QuestionCount) is answered with buttons.
 bool IsMultichoice(const TestDocument& test, int q);
 
-/// What answer a of question q is called and worth. Answer 0 stands for "none": "" and nothing.
+/// How many answers of its own question q has, as its file keeps them: 0 for question 0, those above 200, and all that
+/// aren't of the type Multichoice.
+int OwnAnswerCount(const TestDocument& test, int q);
+
+/// How many answers question q (1..QuestionCount) has: its own or, when it has none, the template's, whatever its type.
+int OfferedAnswerCount(const TestDocument& test, int q);
+
+/// What answer a of those is called and worth: "" and nothing for 0, which stands for "none", and for one that isn't
+/// there. The template's answers are looked up there each time, so that no copy of them grows old.
 QString ChosenText(const TestDocument& test, int q, int a);
 Value ChosenValue(const TestDocument& test, int q, int a);
+
+/// What the reader would note if the test were saved and read now.
+TestSummary SummaryOf(const TestDocument& test);

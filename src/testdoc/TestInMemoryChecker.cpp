@@ -12,26 +12,6 @@ namespace {
 
 /// From here on a test is told that it is nearly full.
 constexpr int NearlyFull = 30000;
-int OwnAnswers(const TestDocument& test, int q) {
-    return q <= MaxQuestionsWithAnswers && test.QuestionType(q) == Multichoice ? test.AnswerCount(q) : 0;
-}
-
-/// Reading gives the template's answers to every question without answers of its own, and none to the other places.
-TestDocument WithAnswersAsRead(TestDocument test) {
-    if (test.TestTitle.isEmpty())
-        test.TestTitle = QStringLiteral("Untitled");
-    for (int q = 1; q <= test.QuestionCount; ++q) {
-        const int own = OwnAnswers(test, q);
-        if (q <= MaxQuestionsWithAnswers)
-            test.AnswerCount(q) = own;
-        for (int a = own + 1; a <= MaxAnswers; ++a) {
-            const bool fromTemplate = own == 0 && a <= test.TemplateAnswerCount;
-            test.AnswerText(q, a) = fromTemplate ? test.TemplateAnswerText(a) : QString();
-            test.AnswerValue(q, a) = fromTemplate ? Value(test.TemplateAnswerValue(a)) : Value();
-        }
-    }
-    return test;
-}
 
 /// The character that keeps the file from being read as a text; nothing when there is none.
 std::optional<QChar> ControlCharacter(const QString& text) {
@@ -126,7 +106,7 @@ void SavingChecker::CheckNumbers() {
             CheckNumber(place, "high bound", test_.SubscaleRangeHigh(s, r), probe_.SubscaleRangeHigh(s, r));
         }
     for (int q = 1; q <= test_.QuestionCount; ++q)
-        for (int a = 1; a <= OwnAnswers(test_, q); ++a)
+        for (int a = 1; a <= OwnAnswerCount(test_, q); ++a)
             CheckNumber({TestPlace::Answer, q, a}, "value", test_.AnswerValue(q, a), probe_.AnswerValue(q, a));
 }
 
@@ -146,7 +126,7 @@ void SavingChecker::CheckQuestions() {
                                    "stands behind this isn't in the file")
                         .arg(MaxQuestionsWithAnswers));
             stops = true;
-        } else if (test_.AnswerCount(q) == 0 && test_.TemplateAnswerCount > 0) {
+        } else if (OwnAnswerCount(test_, q) == 0 && test_.TemplateAnswerCount > 0) {
             Tell(Severity::Warning, place,
                  QStringLiteral("the multichoice question has no answers of its own, and becomes a template question "
                                 "when the file is read"));
@@ -214,7 +194,10 @@ TestPlace SavingChecker::PlaceOfFlaw(const QString& message) const {
 
 void SavingChecker::AddWhatTheDocumentTells() {
     const size_t own = findings_.size();
-    for (Finding& finding : CheckDocument(WithAnswersAsRead(test_))) {
+    TestDocument read = test_;
+    if (read.TestTitle.isEmpty())
+        read.TestTitle = QStringLiteral("Untitled");
+    for (Finding& finding : CheckDocument(read)) {
         const auto end = findings_.begin() + static_cast<std::ptrdiff_t>(own);
         const bool known = finding.Provisional && std::any_of(findings_.begin(), end, [&](const Finding& exact) {
                                return exact.Place == finding.Place;

@@ -76,7 +76,6 @@ class Loader {
     void LoadSubscale(const TaggedText& element);
     void LoadQuestion(int q, const TaggedText& element);
     int LoadAnswers(int q, const TaggedText& element);
-    void TakeTemplateAnswers(int q);
     static Range ReadRange(const TaggedText& element, const QString& messageWithoutEquals);
     Answer ReadAnswer(const TaggedText& element, const QString& messageWithoutValue);
 
@@ -229,8 +228,8 @@ void Loader::LoadQuestion(int q, const TaggedText& element) {
                           Quoted(element.Text()));
         test_.QuestionSubscale(q) = ToWholeNumber(element.Piece(number, end - number).Text());
     }
-    if (answers == 0)
-        TakeTemplateAnswers(q);
+    if (answers == 0 && test_.TemplateAnswerCount > MaxAnswers)
+        MoreThan(MaxAnswers, "answers");
 
     const int kind = test_.QuestionType(q);
     if (kind < ShortAnswer)
@@ -261,15 +260,6 @@ int Loader::LoadAnswers(int q, const TaggedText& element) {
         test_.AnswerValue(q, a) = answer.Value;
         test_.MaxAnswerCount = qMax(test_.MaxAnswerCount, a);
         test_.QuestionType(q) = Multichoice;
-    }
-}
-
-void Loader::TakeTemplateAnswers(int q) {
-    for (int i = 1; i <= test_.TemplateAnswerCount; ++i) {
-        if (i > MaxAnswers)
-            MoreThan(MaxAnswers, "answers");
-        test_.AnswerText(q, i) = test_.TemplateAnswerText(i);
-        test_.AnswerValue(q, i) = test_.TemplateAnswerValue(i);
     }
 }
 

@@ -143,7 +143,7 @@ class tst_questionedits : public QObject {
     void DeleteQuestion_AcrossAnswerBorder_NoAnswersAbove() {
         TestDocument test = ManyQuestions(MaxQuestions);
         QVERIFY(AddAnswer(test, 200, QStringLiteral("yes"), QStringLiteral("1")));
-        test.AnswerText(201, 1) = QStringLiteral("the template's");
+        AddTemplateAnswer(test, QStringLiteral("the template's"), 7);
         QCOMPARE(DeleteQuestion(test, 3), 3);
         QCOMPARE(test.QuestionCount, 499);
         QCOMPARE(test.QuestionText(199), QStringLiteral("q200"));
@@ -151,7 +151,7 @@ class tst_questionedits : public QObject {
         QCOMPARE(test.AnswerText(199, 1), QStringLiteral("yes"));
         QCOMPARE(test.QuestionText(200), QStringLiteral("q201"));
         QCOMPARE(test.AnswerCount(200), 0);
-        QCOMPARE(test.AnswerText(200, 1), QStringLiteral("the template's"));
+        QCOMPARE(ChosenText(test, 200, 1), QStringLiteral("the template's"));
         QCOMPARE(test.QuestionText(499), QStringLiteral("q500"));
     }
 

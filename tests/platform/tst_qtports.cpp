@@ -36,6 +36,8 @@ class TestQtPorts : public QObject {
   private Q_SLOTS:
     void Ask_Button_AnswersIt_data();
     void Ask_Button_AnswersIt();
+    void Choose_OwnCaptions_AnswersTheIndex_data();
+    void Choose_OwnCaptions_AnswersTheIndex();
     void Ask_MarkupInText_IsShownAsItStands();
     void Ask_NoActiveWindow_BelongsToTheLastThatCanBeSeen();
     void Filters_LabelPatternPairs_BecomeNameFilters_data();
@@ -83,6 +85,31 @@ void TestQtPorts::Ask_Button_AnswersIt() {
     });
     const Prompt prompt{u"Go on?"_s, {}, static_cast<PromptButtons>(buttons), PromptIcon::Question};
     QCOMPARE(static_cast<int>(QtPrompts().Ask(prompt)), answer);
+}
+
+void TestQtPorts::Choose_OwnCaptions_AnswersTheIndex_data() {
+    QTest::addColumn<QString>("press"); // a caption, or a key
+    QTest::addColumn<int>("answer");
+    QTest::newRow("first") << u"&Keep"_s << 0;
+    QTest::newRow("last") << u"&Cancel"_s << 2;
+    QTest::newRow("Enter") << u"\r"_s << 1;
+    QTest::newRow("Escape") << u"\x1b"_s << 2;
+}
+
+void TestQtPorts::Choose_OwnCaptions_AnswersTheIndex() {
+    QFETCH(const QString, press);
+    QFETCH(const int, answer);
+    DialogDriver driver([press](QDialog& dialog) {
+        for (auto* button : dialog.findChildren<QPushButton*>())
+            if (button->text() == press)
+                return button->click();
+        Press(dialog, press == u"\r"_s ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    const ChoicePrompt prompt{u"Go on later?"_s,
+                              {{u"&Keep"_s}, {u"&Discard"_s, ChoiceRole::Discard}, {u"&Cancel"_s, ChoiceRole::Reject}},
+                              1,
+                              2};
+    QCOMPARE(QtPrompts().Choose(prompt), answer);
 }
 
 void TestQtPorts::Ask_MarkupInText_IsShownAsItStands() {

@@ -18,6 +18,14 @@ bool CanBeAnswered(PromptButtons buttons, PromptAnswer answer) {
     return false;
 }
 
+/// The index of the button with this caption, or -1.
+int IndexOf(const QString& caption, const ChoicePrompt& prompt) {
+    for (std::size_t i = 0; i < prompt.Choices.size(); ++i)
+        if (QString(prompt.Choices[i].Caption).remove(QLatin1Char('&')) == caption)
+            return static_cast<int>(i);
+    return -1;
+}
+
 } // namespace
 
 ExpectedPrompt& ExpectedPrompt::Titled(const QString& title) {
@@ -45,18 +53,31 @@ ExpectedPrompt& ExpectedPrompt::Meanwhile(std::function<void()> action) {
     return *this;
 }
 
-QString ExpectedPrompt::DifferenceFrom(const Prompt& prompt) const {
-    const bool sameText = inPart_ ? prompt.Text.contains(text_) : prompt.Text == text_;
+QString ExpectedPrompt::DifferenceFrom(const QString& text, const QString& title, PromptIcon icon) const {
+    const bool sameText = inPart_ ? text.contains(text_) : text == text_;
     if (!sameText)
-        return QStringLiteral("A box with another text came: \"%1\" instead of \"%2\"").arg(prompt.Text, text_);
-    if (title_ && *title_ != prompt.Title)
-        return QStringLiteral("The box \"%1\" has the title \"%2\" instead of \"%3\"")
-            .arg(prompt.Text, prompt.Title, *title_);
+        return QStringLiteral("A box with another text came: \"%1\" instead of \"%2\"").arg(text, text_);
+    if (title_ && *title_ != title)
+        return QStringLiteral("The box \"%1\" has the title \"%2\" instead of \"%3\"").arg(text, title, *title_);
+    if (icon_ && *icon_ != icon)
+        return QStringLiteral("The box \"%1\" has another icon than expected").arg(text);
+    return {};
+}
+
+QString ExpectedPrompt::DifferenceFrom(const Prompt& prompt) const {
+    if (const QString difference = DifferenceFrom(prompt.Text, prompt.Title, prompt.Icon); !difference.isEmpty())
+        return difference;
     if (buttons_ && *buttons_ != prompt.Buttons)
         return QStringLiteral("The box \"%1\" has other buttons than expected").arg(prompt.Text);
-    if (icon_ && *icon_ != prompt.Icon)
-        return QStringLiteral("The box \"%1\" has another icon than expected").arg(prompt.Text);
-    if (!CanBeAnswered(prompt.Buttons, answer_))
+    if (caption_ || !CanBeAnswered(prompt.Buttons, answer_))
+        return QStringLiteral("The box \"%1\" has no button for the scripted answer").arg(prompt.Text);
+    return {};
+}
+
+QString ExpectedPrompt::DifferenceFrom(const ChoicePrompt& prompt) const {
+    if (const QString difference = DifferenceFrom(prompt.Text, prompt.Title, prompt.Icon); !difference.isEmpty())
+        return difference;
+    if (buttons_ || !caption_ || IndexOf(*caption_, prompt) < 0)
         return QStringLiteral("The box \"%1\" has no button for the scripted answer").arg(prompt.Text);
     return {};
 }
@@ -67,21 +88,36 @@ ExpectedPrompt& ScriptedPrompts::Expect(const QString& text, PromptAnswer answer
     return script_.emplace_back(text, answer, where);
 }
 
-PromptAnswer ScriptedPrompts::Ask(const Prompt& prompt) {
+ExpectedPrompt& ScriptedPrompts::ExpectChoice(const QString& text, const QString& caption,
+                                              std::source_location where) {
+    return script_.emplace_back(text, caption, where);
+}
+
+template <class Box> std::optional<ExpectedPrompt> ScriptedPrompts::Next(const Box& prompt) {
     shown_.append(prompt.Text);
     if (script_.empty()) {
         fail_(QStringLiteral("An unexpected box came: \"%1\"").arg(prompt.Text), std::source_location::current());
-        return AnswerOfClosing(prompt.Buttons);
+        return std::nullopt;
     }
     const ExpectedPrompt expected = std::move(script_.front());
     script_.pop_front();
     if (const QString difference = expected.DifferenceFrom(prompt); !difference.isEmpty()) {
         fail_(difference, expected.where_);
-        return AnswerOfClosing(prompt.Buttons);
+        return std::nullopt;
     }
     if (expected.meanwhile_)
         expected.meanwhile_();
-    return expected.answer_;
+    return expected;
+}
+
+PromptAnswer ScriptedPrompts::Ask(const Prompt& prompt) {
+    const auto expected = Next(prompt);
+    return expected ? expected->answer_ : AnswerOfClosing(prompt.Buttons);
+}
+
+int ScriptedPrompts::Choose(const ChoicePrompt& prompt) {
+    const auto expected = Next(prompt);
+    return expected ? IndexOf(*expected->caption_, prompt) : prompt.Escape;
 }
 
 void ScriptedPrompts::Verify() {

@@ -14,6 +14,8 @@ class ExpectedPrompt {
   public:
     ExpectedPrompt(QString text, PromptAnswer answer, std::source_location where)
         : text_(std::move(text)), answer_(answer), where_(where) {}
+    ExpectedPrompt(QString text, QString caption, std::source_location where)
+        : text_(std::move(text)), caption_(std::move(caption)), where_(where) {}
 
     ExpectedPrompt& Titled(const QString& title);
     ExpectedPrompt& WithButtons(PromptButtons buttons);
@@ -26,10 +28,14 @@ class ExpectedPrompt {
   private:
     friend class ScriptedPrompts;
     /// What differs, or the empty text.
+    QString DifferenceFrom(const QString& text, const QString& title, PromptIcon icon) const;
     QString DifferenceFrom(const Prompt& prompt) const;
+    QString DifferenceFrom(const ChoicePrompt& prompt) const;
 
     QString text_;
-    PromptAnswer answer_;
+    PromptAnswer answer_ = PromptAnswer::Ok;
+    /// The caption of the button to press, without its `&`, in a box that has its own captions.
+    std::optional<QString> caption_;
     std::source_location where_;
     bool inPart_ = false;
     std::optional<QString> title_;
@@ -50,7 +56,12 @@ class ScriptedPrompts : public Prompts {
     ExpectedPrompt& Expect(const QString& text, PromptAnswer answer = PromptAnswer::Ok,
                            std::source_location where = std::source_location::current());
 
+    /// A box with captions of its own; `caption` is that of the button to press, without its `&`.
+    ExpectedPrompt& ExpectChoice(const QString& text, const QString& caption,
+                                 std::source_location where = std::source_location::current());
+
     PromptAnswer Ask(const Prompt& prompt) override;
+    int Choose(const ChoicePrompt& prompt) override;
 
     /// Fails the test for each box that was expected and hasn't come, and drops them.
     void Verify();
@@ -58,6 +69,9 @@ class ScriptedPrompts : public Prompts {
     const QStringList& Shown() const { return shown_; }
 
   private:
+    /// The box that comes next, after a look at whether it is the shown one; nothing when it isn't.
+    template <class Box> std::optional<ExpectedPrompt> Next(const Box& prompt);
+
     FailureReport fail_;
     std::deque<ExpectedPrompt> script_;
     QStringList shown_;

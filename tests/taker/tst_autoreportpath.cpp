@@ -14,6 +14,7 @@ class RecordedPrompts : public Prompts {
         Texts += prompt.Text;
         return PromptAnswer::Ok;
     }
+    int Choose(const ChoicePrompt& prompt) override { return prompt.Escape; }
     QStringList Texts;
 };
 

@@ -36,7 +36,7 @@ QString ParseMessage(const QString& text) {
 QString Answers(const TestDocument& test, int q, int count) {
     QStringList answers;
     for (int a = 1; a <= count; ++a)
-        answers << test.AnswerText(q, a) + u':' + test.AnswerValue(q, a).Text();
+        answers << ChosenText(test, q, a) + u':' + ChosenValue(test, q, a).Text();
     return answers.join(u'|');
 }
 
@@ -304,7 +304,7 @@ class tst_parser : public QObject {
         QCOMPARE(test.QuestionText(2), QStringLiteral("b"));
     }
 
-    void LoadTest_Template_IsCopiedWithoutCountOrType() {
+    void LoadTest_Template_OfferedWithoutCountOrType() {
         const TestDocument test = Loaded(QStringLiteral("[TEMPLATE][A]No[v=0][/A][A]Yes, always[v=1][/A][/TEMPLATE]"
                                                         "[Q]a[/Q][Q]b[A]x[v=7][/A][/Q][Q]c[QT]2[/QT][/Q]"));
         QCOMPARE(Answers(test, 1, 2), QStringLiteral("No:0|Yes, always:1"));

@@ -98,11 +98,6 @@ class Generator {
                 test.AnswerText(q, a) = Text(0);
                 test.AnswerValue(q, a) = Number();
             }
-        } else {
-            for (int i = 1; i <= test.TemplateAnswerCount; ++i) {
-                test.AnswerText(q, i) = test.TemplateAnswerText(i);
-                test.AnswerValue(q, i) = test.TemplateAnswerValue(i);
-            }
         }
     }
 

@@ -1,6 +1,7 @@
 #include "app/ui/AboutBox.h"
 
 #include "platform/ui/Typography.h"
+#include "platform/ui/WindowPlacement.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QTimerEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -18,7 +20,7 @@ namespace {
 constexpr int TimerInterval = 40; // milliseconds
 constexpr int Scales = 3;
 constexpr int Marks = 5;
-constexpr double MarkRadius = 9;
+constexpr double LargestMarkRadius = 9;
 
 /// Where the answer of a scale is at a moment: 0 at the first mark to 1 at the last. Each scale has its own pace, and
 /// the answer rests at the ends for a while.
@@ -46,7 +48,7 @@ QLabel* MakeLine(const QString& text) {
 AboutPicture::AboutPicture(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("AboutPicture"));
     setAccessibleName(QStringLiteral("A sheet with three rating scales"));
-    setMinimumSize(320, 160);
+    setMinimumSize(320, 64);
 }
 
 void AboutPicture::Advance(double seconds) {
@@ -64,7 +66,7 @@ void AboutPicture::paintEvent(QPaintEvent*) {
     sky.setColorAt(1, Mixed(window, highlight, 0.06));
     painter.fillRect(rect(), sky);
 
-    const QRectF sheet = QRectF(rect()).adjusted(40, 24, -40, 0);
+    const QRectF sheet = QRectF(rect()).adjusted(40, std::min(24, height() / 8), -40, 0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, 36));
     painter.drawRoundedRect(sheet.translated(0, 3), 8, 8);
@@ -81,6 +83,7 @@ void AboutPicture::PaintScale(QPainter& painter, const QRectF& line, int scale) 
     const QColor ink = Mixed(base, palette().color(QPalette::Text), 0.35);
     const double first = line.left() + line.width() * 0.35;
     const double step = (line.right() - first) / (Marks - 1);
+    const double radius = std::min(LargestMarkRadius, height() / 16.0);
 
     painter.setPen(QPen(Mixed(base, ink, 0.6), 6, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(line.left(), line.top()),
@@ -89,12 +92,12 @@ void AboutPicture::PaintScale(QPainter& painter, const QRectF& line, int scale) 
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ink, 1.5));
     for (int mark = 0; mark < Marks; ++mark)
-        painter.drawEllipse(QPointF(first + mark * step, line.top()), MarkRadius, MarkRadius);
+        painter.drawEllipse(QPointF(first + mark * step, line.top()), radius, radius);
 
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(QPalette::Highlight));
     painter.drawEllipse(QPointF(first + AnswerPosition(scale, moment_) * (Marks - 1) * step, line.top()),
-                        MarkRadius - 3, MarkRadius - 3);
+                        radius * 2 / 3, radius * 2 / 3);
 }
 
 AboutBox::AboutBox(QWidget* parent) : QDialog(parent), picture_(new AboutPicture) {
@@ -129,6 +132,9 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent), picture_(new AboutPicture
     column->setSpacing(0);
     column->addWidget(picture_, 1);
     column->addLayout(texts);
+    const int width = picture_->sizeHint().width();
+    resize(width, column->heightForWidth(width));
+    CentreOnScreen(*this);
 }
 
 void AboutBox::showEvent(QShowEvent* event) {

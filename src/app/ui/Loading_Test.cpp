@@ -2,9 +2,11 @@
 
 #include "base/LineBreak.h"
 #include "platform/Directories.h"
+#include "platform/ui/Choosing.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
+#include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
 #include "testdoc/TestParser.h"
@@ -12,13 +14,13 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScrollArea>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr QSize UsualSize(112 * GridUnit, 76 * GridUnit);
+constexpr QSize LeastRoomySize(80 * GridUnit, 60 * GridUnit);
 constexpr int PanelWidth = 34 * GridUnit;
 
 /// Rows that are easy to hit, with room around their text.
@@ -70,22 +72,10 @@ QString OnOneLine(QString title) { return title.replace(LineBreak, QStringLitera
 Loading_Test::Loading_Test(const StartScreenParts& parts, QWidget* parent)
     : QWidget(parent, Qt::Window), session_(parts.Run), parts_(parts), flow_(parts.Run, parts.Ways, parts.Boxes) {
     setObjectName(QStringLiteral("Loading_Test"));
-    // On a small or much enlarged screen the window is smaller than what it holds.
-    auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
-    SetRoom(*column, 3, 2);
+    auto* column = new QVBoxLayout(this);
     column->addLayout(MakeHeading());
     column->addLayout(MakeTests(), 1);
     column->addLayout(MakeMenu());
-    auto* scrolled = new QScrollArea;
-    scrolled->setFrameShape(QFrame::NoFrame);
-    scrolled->setWidgetResizable(true);
-    scrolled->setWidget(content);
-    content->setAutoFillBackground(false);
-    scrolled->viewport()->setAutoFillBackground(false);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(scrolled);
     Connect();
     new HelpKey(*this, parts.Ways, HelpTopic::StartScreen);
     resize(UsualSize);
@@ -119,7 +109,7 @@ QLayout* Loading_Test::MakeTests() {
     lblalt_->hide();
 
     auto* row = new QHBoxLayout;
-    row->setSpacing(4 * GridUnit);
+    row->setSpacing(3 * GridUnit);
     row->addWidget(Listselect_, 1);
     row->addWidget(lblalt_, 1);
     row->addLayout(MakeTestPanel());
@@ -128,14 +118,15 @@ QLayout* Loading_Test::MakeTests() {
 
 QLayout* Loading_Test::MakeTestPanel() {
     selectedTitle_ = MakeLabel(QStringLiteral("lblSelectedTitle"), HeadingFont());
-    selectedTitle_->setFixedWidth(PanelWidth);
+    selectedTitle_->setMinimumWidth(1); // a long word is cut, and doesn't widen the panel
     selectedFile_ = MakeLabel(QStringLiteral("lblSelectedFile"), QFont());
-    selectedFile_->setFixedWidth(PanelWidth);
+    selectedFile_->setMinimumWidth(1);
 
     const std::array<QString, 3> captions{QStringLiteral("Test Introduction"), QStringLiteral("Test Instructions"),
                                           QStringLiteral("Test Questions")};
-    auto* column = new QVBoxLayout;
-    column->setSpacing(GridUnit);
+    auto* about = new QWidget;
+    auto* column = new QVBoxLayout(about);
+    SetRoom(*column, 0, 1);
     column->addWidget(selectedTitle_);
     column->addWidget(selectedFile_);
     column->addSpacing(2 * GridUnit);
@@ -149,9 +140,14 @@ QLayout* Loading_Test::MakeTestPanel() {
     cmdBeginTest_->setFont(HeadingFont());
     cmdBeginTest_->setMinimumHeight(6 * GridUnit);
     cmdBeginTest_->setDefault(true);
-    column->addWidget(CmdEditTest_);
-    column->addWidget(cmdBeginTest_);
-    return column;
+    auto* scrolled = new ScrollingPage(about);
+    scrolled->setFixedWidth(PanelWidth);
+    auto* panel = new QVBoxLayout;
+    panel->setSpacing(GridUnit);
+    panel->addWidget(scrolled, 1);
+    panel->addWidget(CmdEditTest_);
+    panel->addWidget(cmdBeginTest_);
+    return panel;
 }
 
 QLayout* Loading_Test::MakeMenu() {
@@ -165,7 +161,6 @@ QLayout* Loading_Test::MakeMenu() {
     menu->addWidget(Picture1_, 0, 0, 1, 3);
     int place = 0;
     for (LinkButton* link : {Label7_, Label3_, Label5_}) {
-        link->setMinimumWidth(PictureMenu::TileWidth);
         menu->addWidget(link, 1, place++, Qt::AlignLeft);
     }
 
@@ -189,6 +184,7 @@ QLayout* Loading_Test::MakeLinks() {
 
 void Loading_Test::Connect() {
     connect(Listselect_, &QListWidget::currentRowChanged, this, &Loading_Test::Listselect_Click);
+    MakeSelectedRowCurrent(*Listselect_);
     // Not "activated": where the desktop activates with one click, looking at a test would begin it.
     connect(Listselect_, &QListWidget::itemDoubleClicked, this, &Loading_Test::cmdBeginTest_Click);
     connect(cmdBeginTest_, &QPushButton::clicked, this, &Loading_Test::cmdBeginTest_Click);
@@ -216,10 +212,25 @@ void Loading_Test::paintEvent(QPaintEvent*) {
     PaintGradient(*this, painter);
 }
 
+void Loading_Test::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    FitToSize();
+}
+
+// A small or much enlarged screen has no room to spare; the links do all that the pictures do.
+void Loading_Test::FitToSize() {
+    const bool roomy = width() >= LeastRoomySize.width() && height() >= LeastRoomySize.height();
+    SetRoom(*layout(), roomy ? 3 : 1, roomy ? 2 : 1);
+    Picture1_->setVisible(roomy);
+    for (LinkButton* link : {Label7_, Label3_, Label5_})
+        link->setMinimumWidth(roomy ? PictureMenu::TileWidth : 0);
+}
+
 void Loading_Test::Form_Load() {
     LoadSettingsOnce(parts_.Start, session_, parts_.Store, parts_.Folders);
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
     CentreOnScreen(*this);
+    FitToSize();
     setWindowTitle(QStringLiteral("Vellumo - Version ") + QLatin1String(VELLUMO_VERSION));
     ListTestsAgain();
 }

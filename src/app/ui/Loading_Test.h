@@ -41,6 +41,7 @@ class Loading_Test : public QWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -50,6 +51,7 @@ class Loading_Test : public QWidget {
     QLayout* MakeMenu();
     QLayout* MakeLinks();
     void Connect();
+    void FitToSize();
 
     void ListTestsAgain();
     void ShowWhetherTestsAreListed(bool listed);

@@ -1,5 +1,6 @@
 #include "editor/ui/AboutTestTab.h"
 
+#include "platform/ui/Choosing.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
@@ -27,7 +28,7 @@ AboutTestTab::AboutTestTab(const EditorParts& parts) : EditorTab(parts) {
     txtTitle_ = Named(new QLineEdit, QStringLiteral("txtTitle"));
     // A line edit would cut what is pasted at its usual length.
     txtTitle_->setMaxLength(std::numeric_limits<int>::max());
-    connect(txtTitle_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(txtTitle_, &QLineEdit::textChanged, this, [this](const QString& text) {
         Test().TestTitle = text;
         Q_EMIT Changed();
     });
@@ -53,7 +54,7 @@ TextBox* AboutTestTab::MakeTextBox(const QString& name, QString TestDocument::*f
 }
 
 void AboutTestTab::RefreshFromTest() {
-    txtTitle_->setText(Test().TestTitle);
+    ShowText(*txtTitle_, Test().TestTitle);
     txtIntroduction_->SetText(Test().TestIntroduction);
     txtInstructions_->SetText(Test().TestInstructions);
     txtCompletion_->SetText(Test().TestCompletionMessage);

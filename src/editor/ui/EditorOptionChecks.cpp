@@ -1,5 +1,6 @@
 #include "editor/ui/EditorOptionChecks.h"
 
+#include "platform/ui/Choosing.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
@@ -9,7 +10,7 @@ EditorOptionChecks::EditorOptionChecks(TestDocument& test) : test_(test) {
     for (const EditorOptionBox& box : EditorOptionBoxes()) {
         const int i = box.Index;
         auto* check = Named(new QCheckBox(box.Caption), QStringLiteral("ChkReportOptions_%1").arg(i));
-        connect(check, &QCheckBox::clicked, this, [this, i] { ChkReportOptions_Click(i); });
+        connect(check, &QCheckBox::toggled, this, [this, i] { ChkReportOptions_Click(i); });
         ChkReportOptions_[static_cast<size_t>(i - 1)] = check;
     }
     RefreshFromTest();
@@ -37,7 +38,7 @@ QGroupBox* EditorOptionChecks::MakeFrame(EditorOptionFrame frame, QLayout* above
 void EditorOptionChecks::RefreshFromTest() {
     for (int i = 1; i <= OptionCount; ++i)
         if (QCheckBox* check = Box(i))
-            check->setChecked(test_.TestOption(i));
+            ShowTicked(*check, test_.TestOption(i));
     EnableBoxes();
 }
 

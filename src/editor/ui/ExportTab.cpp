@@ -1,24 +1,32 @@
 #include "editor/ui/ExportTab.h"
 
+#include "platform/ui/FramePairs.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
+namespace {
+
+/// The frames below each other, no higher than they are.
+QWidget* Stacked(std::initializer_list<QWidget*> frames) {
+    auto* stack = new QWidget;
+    auto* column = new QVBoxLayout(stack);
+    SetRoom(*column, 0, 2);
+    for (QWidget* frame : frames)
+        column->addWidget(frame);
+    column->addStretch(1);
+    return stack;
+}
+
+} // namespace
+
 ExportTab::ExportTab(const EditorParts& parts, EditorOptionChecks& checks)
     : EditorTab(parts), ChkReportOptions_(checks) {
-    auto* columns = new QHBoxLayout(this);
-    SetRoom(*columns, 2, 2);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(2 * GridUnit);
-    left->addWidget(ChkReportOptions_.MakeFrame(EditorOptionFrame::IncludeInExport));
-    left->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->setSpacing(2 * GridUnit);
-    right->addWidget(MakeFileNameFrame());
-    right->addWidget(MakeDirectoriesFrame());
-    right->addWidget(MakeHtmlFrame());
-    right->addStretch(1);
-    columns->addLayout(left, 2);
-    columns->addLayout(right, 3);
+    auto* column = new QVBoxLayout(this);
+    SetRoom(*column, 2, 2);
+    column->addWidget(new FramePairs({Stacked({ChkReportOptions_.MakeFrame(EditorOptionFrame::IncludeInExport)}),
+                                      Stacked({MakeFileNameFrame(), MakeDirectoriesFrame(), MakeHtmlFrame()})},
+                                     2, 3));
+    column->addStretch(1);
     RefreshFromTest();
 }
 
@@ -41,6 +49,7 @@ QGroupBox* ExportTab::MakeDirectoriesFrame() {
 
 QGroupBox* ExportTab::MakeHtmlFrame() {
     auto* frame = new QGroupBox;
+    frame->setAccessibleName(QStringLiteral("WWW page"));
     auto* line = new QHBoxLayout(frame);
     SetRoom(*line, 2, 1);
     CmdSaveHtml_ = Named(new QPushButton(QStringLiteral("Save Test As WWW Page")), QStringLiteral("CmdSaveHtml"));

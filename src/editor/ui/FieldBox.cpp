@@ -11,12 +11,12 @@
 
 FieldBox::FieldBox(QString& field) : field_(field) {
     setMaxLength(std::numeric_limits<int>::max());
-    connect(this, &QLineEdit::textEdited, this, &FieldBox::Take);
+    connect(this, &QLineEdit::textChanged, this, &FieldBox::Take);
     RefreshFromTest();
 }
 
 void FieldBox::Put(const QString& text) {
-    setText(text);
+    ShowText(*this, text);
     Take(text);
 }
 

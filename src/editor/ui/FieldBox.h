@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/ui/EditorTab.h"
+#include "platform/ui/Choosing.h"
 
 #include <QBoxLayout>
 #include <QLineEdit>
@@ -14,7 +15,7 @@ class FieldBox : public QLineEdit {
     explicit FieldBox(QString& field);
 
     /// Shows the field. Sends no signal.
-    void RefreshFromTest() { setText(field_); }
+    void RefreshFromTest() { ShowText(*this, field_); }
     /// Puts a text that the person has chosen elsewhere into box and field.
     void Put(const QString& text);
 

@@ -81,7 +81,7 @@ FindingsLine::FindingsLine(QWidget* parent)
     Summary_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // Return presses it as Space does, and no default button of the window instead.
     Summary_->setAutoDefault(true);
-    Length_->setAccessibleName(QStringLiteral("Length of the test"));
+    Length_->setAccessibleDescription(QStringLiteral("Length of the test"));
     // Room for any length from the start, so that nothing moves while a person types.
     QFont widest = Length_->font();
     widest.setBold(true);

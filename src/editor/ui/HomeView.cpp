@@ -1,6 +1,7 @@
 #include "editor/ui/HomeView.h"
 
 #include "platform/ui/Named.h"
+#include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
 
 #include <QHBoxLayout>
@@ -54,11 +55,15 @@ HomeView::HomeView() {
     row->addWidget(Picture2_);
     row->addWidget(Label10_);
 
-    auto* column = new QVBoxLayout(this);
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
     SetRoom(*column, 4, 3);
     column->addWidget(lblinstructions_);
     column->addWidget(Frame23_, 0, Qt::AlignLeft);
     column->addStretch(1);
+    auto* whole = new QVBoxLayout(this);
+    SetRoom(*whole, 0, 0);
+    whole->addWidget(new ScrollingPage(content));
 }
 
 void HomeView::Show(const QString& message, bool withTest) {

@@ -1,6 +1,7 @@
 #include "editor/ui/OptionsTab.h"
 
-#include "editor/ui/FramePairs.h"
+#include "platform/ui/Choosing.h"
+#include "platform/ui/FramePairs.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
@@ -20,7 +21,7 @@ QGroupBox* OptionsTab::MakeReportOptions() {
     auto* group = new QGroupBox(QStringLiteral("Report Options"));
     auto* column = new QVBoxLayout(group);
     SetRoom(*column, 2, 2);
-    QList<QGroupBox*> frames;
+    QList<QWidget*> frames;
     for (const auto frame : {EditorOptionFrame::General, EditorOptionFrame::Questions, EditorOptionFrame::Scoring,
                              EditorOptionFrame::Prompts})
         frames.append(ChkReportOptions_.MakeFrame(frame));
@@ -36,7 +37,7 @@ QGroupBox* OptionsTab::MakeTestOptions() {
                                              QStringLiteral("Allow Navigation Buttons")};
     for (size_t i = 0; i < captions.size(); ++i) {
         ChkTestOptions_[i] = Named(new QCheckBox(captions[i]), QStringLiteral("ChkTestOptions_%1").arg(i + 1));
-        connect(ChkTestOptions_[i], &QCheckBox::clicked, this,
+        connect(ChkTestOptions_[i], &QCheckBox::toggled, this,
                 [this, i] { ChkTestOptions_Click(static_cast<int>(i) + 1); });
         column->addWidget(ChkTestOptions_[i]);
     }
@@ -45,8 +46,8 @@ QGroupBox* OptionsTab::MakeTestOptions() {
 
 void OptionsTab::RefreshFromTest() {
     ChkReportOptions_.RefreshFromTest();
-    ChkTestOptions_[0]->setChecked(Test().ReportOnlyWhenDone);
-    ChkTestOptions_[1]->setChecked(Test().NavigationButtons);
+    ShowTicked(*ChkTestOptions_[0], Test().ReportOnlyWhenDone);
+    ShowTicked(*ChkTestOptions_[1], Test().NavigationButtons);
 }
 
 void OptionsTab::GoTo(const TestPlace&) { ChkReportOptions_.Box(ReportTitle)->setFocus(Qt::OtherFocusReason); }

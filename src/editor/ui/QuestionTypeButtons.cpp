@@ -1,5 +1,6 @@
 #include "editor/ui/QuestionTypeButtons.h"
 
+#include "platform/ui/Choosing.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 #include "testdoc/TestDocument.h"
@@ -46,7 +47,11 @@ QuestionTypeButtons::QuestionTypeButtons() {
         button->setAccessibleName(QStringLiteral("Question type ") + captions[i]);
         button->setMinimumHeight(4 * GridUnit);
         button->installEventFilter(this);
-        connect(button, &QPushButton::clicked, this, [this, i] { Choose(static_cast<int>(i)); });
+        // Assistive technologies check a button without clicking it.
+        connect(button, &QPushButton::toggled, this, [this, i](bool chosen) {
+            if (chosen)
+                Choose(static_cast<int>(i));
+        });
         row->addWidget(button, 1);
         ChkQType_[i] = button;
     }
@@ -56,7 +61,7 @@ void QuestionTypeButtons::Show(int type) {
     for (SegmentButton* button : ChkQType_)
         button->setAutoExclusive(false);
     for (size_t i = 0; i < ChkQType_.size(); ++i)
-        ChkQType_[i]->setChecked(static_cast<int>(i) == type);
+        ShowTicked(*ChkQType_[i], static_cast<int>(i) == type);
     for (SegmentButton* button : ChkQType_)
         button->setAutoExclusive(true);
     KeepReachable();

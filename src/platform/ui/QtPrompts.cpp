@@ -3,6 +3,9 @@
 #include "platform/ui/WindowInFront.h"
 
 #include <QMessageBox>
+#include <QPushButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -59,18 +62,47 @@ PromptAnswer AnswerOf(int button, PromptButtons buttons) {
     }
 }
 
+QMessageBox::ButtonRole RoleOf(ChoiceRole role) {
+    switch (role) {
+    case ChoiceRole::Accept:
+        return QMessageBox::AcceptRole;
+    case ChoiceRole::Discard:
+        return QMessageBox::DestructiveRole;
+    case ChoiceRole::Reject:
+        return QMessageBox::RejectRole;
+    }
+    return QMessageBox::RejectRole;
+}
+
+void Fill(QMessageBox& box, const QString& title, const QString& text, PromptIcon icon) {
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Vellumo") : title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(IconOf(icon));
+    box.setWindowModality(Qt::ApplicationModal);
+}
+
 } // namespace
 
 PromptAnswer QtPrompts::Ask(const Prompt& prompt) {
     QMessageBox box(WindowInFront());
-    box.setWindowTitle(prompt.Title.isEmpty() ? QStringLiteral("Vellumo") : prompt.Title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(prompt.Text);
-    box.setIcon(IconOf(prompt.Icon));
+    Fill(box, prompt.Title, prompt.Text, prompt.Icon);
     box.setStandardButtons(ButtonsOf(prompt.Buttons));
     if (prompt.Buttons != PromptButtons::Ok)
         box.setEscapeButton(QMessageBox::Cancel);
     box.setDefaultButton(prompt.Buttons == PromptButtons::YesNoCancel ? ButtonOf(prompt.Default) : QMessageBox::Ok);
-    box.setWindowModality(Qt::ApplicationModal);
     return AnswerOf(box.exec(), prompt.Buttons);
+}
+
+int QtPrompts::Choose(const ChoicePrompt& prompt) {
+    QMessageBox box(WindowInFront());
+    Fill(box, prompt.Title, prompt.Text, prompt.Icon);
+    std::vector<QPushButton*> buttons;
+    for (const PromptChoice& choice : prompt.Choices)
+        buttons.push_back(box.addButton(choice.Caption, RoleOf(choice.Role)));
+    box.setDefaultButton(buttons.at(static_cast<std::size_t>(prompt.Default)));
+    box.setEscapeButton(buttons.at(static_cast<std::size_t>(prompt.Escape)));
+    box.exec();
+    const auto clicked = std::ranges::find(buttons, box.clickedButton());
+    return clicked == buttons.end() ? prompt.Escape : static_cast<int>(clicked - buttons.begin());
 }

@@ -6,4 +6,5 @@
 class QtPrompts : public Prompts {
   public:
     PromptAnswer Ask(const Prompt& prompt) override;
+    int Choose(const ChoicePrompt& prompt) override;
 };

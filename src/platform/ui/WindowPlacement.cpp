@@ -1,6 +1,7 @@
 #include "platform/ui/WindowPlacement.h"
 
 #include <QScreen>
+#include <QStyle>
 
 QRect CentredWithin(const QRect& available, const QSize& size) {
     const QSize fitting = size.boundedTo(available.size());
@@ -9,7 +10,11 @@ QRect CentredWithin(const QRect& available, const QSize& size) {
 }
 
 void CentreOnScreen(QWidget& window) {
-    const QRect place = CentredWithin(window.screen()->availableGeometry(), window.size());
+    const QRect available = window.screen()->availableGeometry();
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    const QSize room = available.size() - QSize(0, titleBar);
+    QRect place = CentredWithin(available, window.size().boundedTo(room));
+    place.moveTop(qMin(place.top(), available.top() + room.height() - place.height()));
     window.resize(place.size());
     window.move(place.topLeft());
 }

@@ -109,7 +109,7 @@ void AnswerPanel::ShowAnswers(const Administration& course, const Session& sessi
         AnswerButton* button = Opt_[static_cast<size_t>(a - 1)];
         const bool offered = course.AnswerOffered(a);
         if (offered) {
-            button->SetAnswer(session.Test.AnswerText(q, a));
+            button->SetAnswer(ChosenText(session.Test, q, a));
             button->SetChosen(a == session.Responses.ResponseChoice(q));
             if (!first_ || button->font().bold())
                 first_ = button;

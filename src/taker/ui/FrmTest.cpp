@@ -41,7 +41,8 @@ int AnswerOfKey(const QKeyEvent& key) {
 FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
     : QMainWindow(parent),
       parts_(parts),
-      sizes_(AnswerSizesFor(parts.TheSession.Test.LongestAnswerLength, parts.TheSession.Test.MaxAnswerCount)),
+      sizes_(AnswerSizesFor(SummaryOf(parts.TheSession.Test).LongestAnswerLength,
+                            SummaryOf(parts.TheSession.Test).MaxAnswerCount)),
       course_(parts.TheSession) {
     setObjectName(QStringLiteral("FrmTest"));
     menus_ = new TestMenus(*menuBar());

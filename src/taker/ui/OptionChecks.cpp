@@ -1,5 +1,6 @@
 #include "taker/ui/OptionChecks.h"
 
+#include "platform/ui/FramePairs.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
@@ -45,17 +46,12 @@ QGroupBox* OptionChecks::MakeFrame(OptionFrame frame, const QList<OptionBox>& bo
 }
 
 QWidget* OptionChecks::MakeReportFrames() {
-    auto* frames = new QWidget;
-    auto* columns = new QHBoxLayout(frames);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(2 * GridUnit);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(2 * GridUnit);
-    left->addWidget(MakeFrame(OptionFrame::General, ReportOptionBoxes()));
-    left->addWidget(MakeFrame(OptionFrame::Scoring, ReportOptionBoxes()));
-    columns->addLayout(left, 1);
-    columns->addWidget(MakeFrame(OptionFrame::Questions, ReportOptionBoxes()), 1);
-    return frames;
+    auto* left = new QWidget;
+    auto* column = new QVBoxLayout(left);
+    SetRoom(*column, 0, 2);
+    column->addWidget(MakeFrame(OptionFrame::General, ReportOptionBoxes()));
+    column->addWidget(MakeFrame(OptionFrame::Scoring, ReportOptionBoxes()));
+    return new FramePairs({left, MakeFrame(OptionFrame::Questions, ReportOptionBoxes())});
 }
 
 OptionTicks OptionChecks::Ticks() const {

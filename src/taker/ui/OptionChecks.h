@@ -14,7 +14,7 @@ class OptionChecks {
     QCheckBox* Make(const OptionBox& box);
     /// The frame with the boxes that belong to it.
     QGroupBox* MakeFrame(OptionFrame frame, const QList<OptionBox>& boxes);
-    /// The frames "General", "Questions" and "Scoring" side by side.
+    /// The frames "General", "Questions" and "Scoring", side by side where there is room.
     QWidget* MakeReportFrames();
 
     OptionTicks Ticks() const;

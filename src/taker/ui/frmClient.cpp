@@ -28,7 +28,7 @@ frmClient::frmClient(Session& session, SettingsStore& store, Navigator& navigato
     note->setWordWrap(true);
     Chkpersist_ = Named(new QCheckBox(QStringLiteral("Persist between tests")), QStringLiteral("Chkpersist"));
     Chkpersist_->setChecked(form_.Persist());
-    connect(Chkpersist_, &QCheckBox::clicked, this, &frmClient::Chkpersist_Click);
+    connect(Chkpersist_, &QCheckBox::toggled, this, &frmClient::Chkpersist_Click);
 
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 3, 2);

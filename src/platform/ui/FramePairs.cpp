@@ -1,17 +1,18 @@
-#include "editor/ui/FramePairs.h"
+#include "platform/ui/FramePairs.h"
 
 #include "platform/ui/Typography.h"
 
 #include <algorithm>
 
-FramePairs::FramePairs(const QList<QGroupBox*>& frames) : frames_(frames), grid_(new QGridLayout(this)) {
+FramePairs::FramePairs(const QList<QWidget*>& frames, int leftShare, int rightShare)
+    : frames_(frames), grid_(new QGridLayout(this)), leftShare_(leftShare), rightShare_(rightShare) {
     SetRoom(*grid_, 0, 2);
     Arrange(2);
 }
 
 QSize FramePairs::minimumSizeHint() const {
     int width = 0;
-    for (const QGroupBox* frame : frames_)
+    for (const QWidget* frame : frames_)
         width = std::max(width, frame->minimumSizeHint().width());
     return {width, grid_->minimumSize().height()};
 }
@@ -29,8 +30,8 @@ void FramePairs::Arrange(int columns) {
         grid_->removeWidget(frames_[i]);
         grid_->addWidget(frames_[i], i / columns, i % columns);
     }
-    grid_->setColumnStretch(0, 1);
-    grid_->setColumnStretch(1, columns - 1);
+    grid_->setColumnStretch(0, leftShare_);
+    grid_->setColumnStretch(1, columns > 1 ? rightShare_ : 0);
     grid_->setHorizontalSpacing(columns > 1 ? 2 * GridUnit : 0);
     updateGeometry();
 }
