@@ -1,5 +1,5 @@
+#include "base/JsonWriter.h"
 #include "cli/Command.h"
-#include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/Shared.h"
 #include "testdoc/EarlierTest.h"

@@ -49,6 +49,8 @@ struct Session {
     QString HtmlTemplatePath;
     QString HtmlEmailAddress;
     QString HtmlNextPage;
+    /// The language that the page declares, as a tag of BCP 47; "" for the system's.
+    QString HtmlLanguage;
     /// The page generated last; "" when that failed.
     QString GeneratedHtml;
     /// What ends a multichoice question in a page. A template without it leaves that of the template before.
@@ -63,6 +65,7 @@ inline void TakeHtmlSettings(Session& session) {
     session.HtmlTemplatePath = session.UserSettings.HtmlTemplatePath;
     session.HtmlEmailAddress = session.UserSettings.DefaultEmail;
     session.HtmlNextPage = session.UserSettings.DefaultNextPage;
+    session.HtmlLanguage = session.UserSettings.HtmlLanguage;
 }
 
 /// The same for those that differ from earlier settings; what was changed for the run alone stays.
@@ -74,4 +77,6 @@ inline void TakeChangedHtmlSettings(Session& session, const Settings& earlier) {
         session.HtmlEmailAddress = now.DefaultEmail;
     if (now.DefaultNextPage != earlier.DefaultNextPage)
         session.HtmlNextPage = now.DefaultNextPage;
+    if (now.HtmlLanguage != earlier.HtmlLanguage)
+        session.HtmlLanguage = now.HtmlLanguage;
 }

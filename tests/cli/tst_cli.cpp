@@ -1,4 +1,4 @@
-#include "cli/JsonWriter.h"
+#include "base/JsonWriter.h"
 #include "cli/Tool.h"
 #include "support/Files.h"
 #include "taker/ResponsesFile.h"

@@ -7,6 +7,7 @@
 #include "support/ScriptedPrompts.h"
 #include "support/WindowDriver.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
@@ -182,6 +183,7 @@ void tst_frmoptions::Buttons_Changed_TakeAndStoreAsTheySay() {
     options.SetText("Txtdirectory", QDir::rootPath());
     for (const QString& box : boxes)
         Find<QLineEdit>(*options.window, box).setText(QStringLiteral("new ") + box);
+    Find<QComboBox>(*options.window, QStringLiteral("cboLanguage")).setCurrentIndex(5);
     Click(*options.window, QStringLiteral("Chkpersist"));
     Click(*options.window, QStringLiteral("ChkCarriageReturn"));
     const Settings before = options.settings;
@@ -201,9 +203,10 @@ void tst_frmoptions::Buttons_Changed_TakeAndStoreAsTheySay() {
     QCOMPARE(now.HtmlTemplatePath, expected("txteditor_2", before.HtmlTemplatePath));
     QCOMPARE(now.DefaultEmail, expected("txtEmail", before.DefaultEmail));
     QCOMPARE(now.DefaultNextPage, expected("txtNextPage", before.DefaultNextPage));
+    QCOMPARE(now.HtmlLanguage != before.HtmlLanguage, taken);
     QCOMPARE(now.NamePersist, taken);
     QCOMPARE(now.BreakAfterQuestionNumber, !taken);
-    QCOMPARE(options.store.WrittenKeys.size(), stored ? 13 : 0);
+    QCOMPARE(options.store.WrittenKeys.size(), stored ? 14 : 0);
     if (stored)
         QCOMPARE(options.store.Values.value(QStringLiteral("globaloptionQuestionPrefix")),
                  QStringLiteral("new txtsuffix_0"));

@@ -140,7 +140,8 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
     row(
         "mark typed in the introduction", [=](auto& t) { t.TestIntroduction = text("a<P> b"); },
         "warning introduction: 'a<P> b' is read back as 'a<line break> b'\n"
-        "warning introduction: the text contains '<P> b', which breaks a generated page unless it is meant as "
+        "warning introduction: the text contains '<P> b', which breaks a page whose template takes texts as they "
+        "are unless it is meant as "
         "markup\n");
     row(
         "bracket in a question", [=](auto& t) { t.QuestionText(2) = text("Is [this] on?"); },

@@ -3,6 +3,7 @@
 #include "platform/Directories.h"
 #include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
+#include "platform/ui/LanguageBox.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
@@ -131,6 +132,8 @@ QWidget* frmOptions::MakeTemplateGroup() {
     txttempdesc_->setTabChangesFocus(true);
     txttempdesc_->setMinimumHeight(12 * GridUnit);
     AddFormRow(grid, QStringLiteral("Description"), txttempdesc_);
+    cboLanguage_ = Named(new LanguageBox(settings_.HtmlLanguage), QStringLiteral("cboLanguage"));
+    AddFormRow(grid, QStringLiteral("Page Language"), cboLanguage_);
     return group;
 }
 
@@ -203,6 +206,7 @@ void frmOptions::FillControls() {
     txteditor_[TemplateBox]->setText(settings_.HtmlTemplatePath);
     txtNextPage_->setText(settings_.DefaultNextPage);
     txtEmail_->setText(settings_.DefaultEmail);
+    cboLanguage_->SetLanguage(settings_.HtmlLanguage);
     ChkCarriageReturn_->setChecked(settings_.BreakAfterQuestionNumber);
     ReadDescription();
 }
@@ -228,6 +232,7 @@ bool frmOptions::TakeControls() {
     settings_.HtmlTemplatePath = txteditor_[TemplateBox]->text();
     settings_.DefaultNextPage = txtNextPage_->text();
     settings_.DefaultEmail = txtEmail_->text();
+    settings_.HtmlLanguage = cboLanguage_->Language();
     settings_.BreakAfterQuestionNumber = ChkCarriageReturn_->isChecked();
     return true;
 }

@@ -15,6 +15,8 @@
 
 #include <array>
 
+class LanguageBox;
+
 /// The general options: the window in which the user-wide settings are changed.
 class frmOptions : public QDialog {
     Q_OBJECT
@@ -69,6 +71,7 @@ class frmOptions : public QDialog {
     QPlainTextEdit* txttempdesc_ = nullptr;
     QLineEdit* txtEmail_ = nullptr;
     QLineEdit* txtNextPage_ = nullptr;
+    LanguageBox* cboLanguage_ = nullptr;
     QPushButton* OkButton_ = nullptr;
     QPushButton* SaveButton_ = nullptr;
     QPushButton* CancelButton_ = nullptr;
