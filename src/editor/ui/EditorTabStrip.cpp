@@ -1,9 +1,12 @@
 #include "editor/ui/EditorTabStrip.h"
 
+#include "editor/ui/EditorTabAccess.h"
+
 #include <QKeyEvent>
 #include <QStyleOptionTab>
 
 EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabBar(parent) {
+    UseEditorTabAccess();
     setExpanding(false);
     setUsesScrollButtons(true);
     setElideMode(Qt::ElideNone);
