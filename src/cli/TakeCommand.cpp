@@ -46,7 +46,14 @@ class Interview {
 void Interview::Tell(const QString& text) { Say(console_, QString(text).replace(LineBreak, QStringLiteral("\n"))); }
 
 void Interview::TellPage() {
-    Tell(u'\n' + administration_.FrameCaption() + u'\n' + administration_.PageText());
+    const bool completed = administration_.Page() == TestPage::Completed;
+    Tell(u'\n' + administration_.FrameCaption() + u'\n' +
+         (completed ? administration_.CompletionText(QStringLiteral(
+                          "Type :report to read the report, or :back to view and change your answers. An empty line "
+                          "ends the test."))
+                    : administration_.PageText()));
+    if (const QString reason = administration_.CannotAnswer(); !reason.isEmpty())
+        Tell(reason + QStringLiteral(" An empty line goes on; the question counts as not answered."));
     if (administration_.ShowsMultichoice()) {
         for (int a = 1; a <= MaxAnswers; ++a)
             if (administration_.AnswerOffered(a))
@@ -61,8 +68,6 @@ void Interview::TellPage() {
         administration_.ShowsMultichoice() ? session_.Responses.ResponseChoice(administration_.CurrentQuestion()) : 0;
     if (chosen != 0)
         Tell(QStringLiteral("Your choice so far: %1").arg(chosen));
-    if (administration_.Page() == TestPage::Completed)
-        Tell(QStringLiteral("(An empty line ends the test; :back goes back.)"));
 }
 
 std::optional<QString> Interview::ReadLine() {
@@ -153,8 +158,8 @@ void Interview::TakeAnswer(const QString& line) {
             return Tell(Quoted(line) + QStringLiteral(" is not the number of an answer."));
     } else if (administration_.ShowsShortAnswer() || administration_.ShowsLongAnswer()) {
         administration_.AcceptText(line);
-    } else {
-        return Tell(QStringLiteral("This question can't be answered. :quit ends the test."));
+    } else if (!line.isEmpty() || !administration_.Continue()) {
+        return Tell(administration_.CannotAnswer() + QStringLiteral(" An empty line goes on."));
     }
     TellPage();
 }
@@ -209,9 +214,10 @@ const Command& TakeCommand() {
         QStringLiteral("FILE"),
         QStringLiteral("Administers the test in the terminal and prints the report.\n\n"
                        "A line of input answers a question: the number of an answer, or a text. Commands are :back,\n"
-                       ":forward, :report and :quit; '::' begins a text with a colon. What the client sees stands on\n"
-                       "standard error, the report on standard output. The end of the input quits, and the report is\n"
-                       "still made. Nothing is filed automatically."),
+                       ":forward, :report and :quit; '::' begins a text with a colon. An empty line passes over a\n"
+                       "question that can't be answered. What the client sees is on standard error, the report on\n"
+                       "standard output. The end of the input quits, and the report is still made. Nothing is filed\n"
+                       "automatically."),
         Options(),
         1,
         1,

@@ -1,11 +1,14 @@
 #include "taker/Administration.h"
 
 #include "base/LineBreak.h"
+#include "taker/Answers.h"
 
 Administration::Administration(Session& session) : session_(session) {
     session_.Responses = ResponseSet(session_.Test.QuestionCount);
     session_.AutoReportDone = false;
     session_.SpreadsheetExported = false;
+    session_.SpreadsheetFilePath.clear();
+    session_.Filed = FiledAnswers();
     ShowInstructions();
     if (session_.Test.TestInstructions.isEmpty())
         Begin();
@@ -43,13 +46,14 @@ void Administration::ShowQuestion(int q) {
     session_.Responses.CurrentQuestion = q;
     page_ = TestPage::Question;
 
-    // A question of any other type leaves the frame of the question before.
-    if (IsMultichoice(test, q))
+    if (HasAnswersToChoose(test, q))
         frame_ = AnswerFrame::Multichoice;
     else if (test.QuestionType(q) == ShortAnswer)
         frame_ = AnswerFrame::Short;
     else if (test.QuestionType(q) == LongAnswer)
         frame_ = AnswerFrame::Long;
+    else
+        frame_ = AnswerFrame::CannotAnswer;
 
     reportVisible_ = exportVisible_ = autoReportVisible_ =
         !test.TestOption(DisableAllOptions) && !test.ReportOnlyWhenDone;
@@ -79,14 +83,53 @@ bool Administration::Choose(int a) {
 
 void Administration::AcceptText(const QString& text) {
     session_.Responses.ResponseText(CurrentQuestion()) = text;
+    session_.Responses.Drafts.erase(CurrentQuestion());
     Record();
+}
+
+bool Administration::Continue() {
+    if (CannotAnswer().isEmpty())
+        return false;
+    GoOn();
+    return true;
+}
+
+void Administration::TakeDraft(const QString& text) {
+    if (ShowsShortAnswer() || ShowsLongAnswer())
+        KeepDraft(session_.Responses, CurrentQuestion(), text);
+}
+
+bool Administration::ShowsDraft() const {
+    return OnQuestion() && session_.Responses.Drafts.count(CurrentQuestion()) > 0;
+}
+
+void Administration::Decide(DraftsDecision decision) {
+    ResponseSet& responses = session_.Responses;
+    waits_ = false;
+    if (decision == DraftsDecision::GoBack)
+        return ShowQuestion(responses.Drafts.begin()->first);
+    if (decision == DraftsDecision::Accept) {
+        for (const auto& [q, text] : responses.Drafts)
+            responses.ResponseText(q) = text;
+        responses.FurthestQuestion = qMax(responses.FurthestQuestion, responses.Drafts.rbegin()->first);
+        responses.Drafts.clear();
+    }
+    leftDrafts_ = responses.Drafts;
+    CompleteTest();
 }
 
 void Administration::Record() {
     ResponseSet& responses = session_.Responses;
     responses.FurthestQuestion = qMax(responses.FurthestQuestion, responses.CurrentQuestion);
+    GoOn();
+}
+
+void Administration::GoOn() {
+    const ResponseSet& responses = session_.Responses;
     if (responses.CurrentQuestion != session_.Test.QuestionCount)
         ShowQuestion(responses.CurrentQuestion + 1);
+    else if (!responses.Drafts.empty() && responses.Drafts != leftDrafts_)
+        waits_ = true;
     else
         CompleteTest();
 }
@@ -98,6 +141,8 @@ void Administration::CompleteTest() {
     backVisible_ = reportVisible_ = true;
     if (session_.Test.TestOption(DisableAllOptions))
         return;
+    if (session_.Test.NavigationButtons)
+        forwardVisible_ = CurrentQuestion() <= session_.Responses.FurthestQuestion;
     autoReportVisible_ = true;
     if (spreadsheetInstalled_)
         exportVisible_ = true;
@@ -134,10 +179,17 @@ QString Administration::PageText() const {
     case TestPage::Completed:
         break;
     }
-    const QString completed = QStringLiteral("You have completed the '") + test.TestTitle + QStringLiteral("'.") +
-                              LineBreak +
-                              QStringLiteral("Click the 'Report' button to create a report, or use the 'Back' and "
-                                             "'Forward' buttons to view and edit your responses.");
+    return CompletionText(forwardVisible_
+                              ? QStringLiteral("Click the 'Report' button to create a report, or use the 'Back' and "
+                                               "'Forward' buttons to view and edit your responses.")
+                              : QStringLiteral("Click the 'Report' button to create a report, or use the 'Back' button "
+                                               "to view and edit your responses."));
+}
+
+QString Administration::CompletionText(const QString& whatNow) const {
+    const TestDocument& test = session_.Test;
+    const QString completed =
+        QStringLiteral("You have completed the '") + test.TestTitle + QStringLiteral("'.") + LineBreak + whatNow;
     return test.TestCompletionMessage.isEmpty() ? completed : completed + LineBreak + test.TestCompletionMessage;
 }
 
@@ -145,7 +197,15 @@ bool Administration::ShowsMultichoice() const { return OnQuestion() && frame_ ==
 bool Administration::ShowsShortAnswer() const { return OnQuestion() && frame_ == AnswerFrame::Short; }
 bool Administration::ShowsLongAnswer() const { return OnQuestion() && frame_ == AnswerFrame::Long; }
 
-bool Administration::AnswerOffered(int a) const { return !ChosenText(session_.Test, CurrentQuestion(), a).isEmpty(); }
+QString Administration::CannotAnswer() const {
+    if (!OnQuestion() || frame_ != AnswerFrame::CannotAnswer)
+        return {};
+    return IsMultichoice(session_.Test, CurrentQuestion())
+               ? QStringLiteral("This question has no answers to choose from.")
+               : QStringLiteral("This question is of a kind that doesn't exist, so it can't be answered.");
+}
+
+bool Administration::AnswerOffered(int a) const { return ::AnswerOffered(session_.Test, CurrentQuestion(), a); }
 
 bool Administration::BeginVisible() const {
     return page_ == TestPage::Instructions || page_ == TestPage::Introduction || page_ == TestPage::QuestionListing;

@@ -2,6 +2,9 @@
 
 #include "taker/Session.h"
 
+/// What becomes of typed texts that weren't accepted when the test is completed.
+enum class DraftsDecision { Accept, GoBack, Leave };
+
 /// What the test window shows besides the question itself.
 enum class TestPage { Instructions, Introduction, QuestionListing, Question, Completed };
 
@@ -23,11 +26,23 @@ class Administration {
     void ShowIntroduction();
     void ShowQuestionListing();
 
-    // Answers. Both record, and go on to the next question or to completion.
+    // Answers. All three go on to the next question or to completion.
     /// Chooses answer a (1..10) of the current question. Returns false, and changes nothing, when no button shows it.
     bool Choose(int a);
     /// Takes the text as the current question's answer.
     void AcceptText(const QString& text);
+    /// Passes over a question that can't be answered; it counts as not answered. False, and nothing changed, when the
+    /// current one can be answered.
+    bool Continue();
+
+    // Drafts
+    /// Keeps the text in the current question's box until it is accepted. It counts for nothing until then.
+    void TakeDraft(const QString& text);
+    bool ShowsDraft() const;
+    /// Whether completion waits for a decision on the drafts. Each state of them is asked about once.
+    bool WaitsForDecision() const { return waits_; }
+    /// Ends the waiting: completes the test, or shows the first question with a draft.
+    void Decide(DraftsDecision decision);
 
     TestPage Page() const { return page_; }
     int CurrentQuestion() const;
@@ -35,10 +50,14 @@ class Administration {
     QString FrameCaption() const;
     /// What the question window holds.
     QString PageText() const;
+    /// The page at the end, with the sentence that says what can be done there.
+    QString CompletionText(const QString& whatNow) const;
     /// Whether the current page is a question of that kind (TypeUnset and Multichoice are one kind).
     bool ShowsMultichoice() const;
     bool ShowsShortAnswer() const;
     bool ShowsLongAnswer() const;
+    /// Why the question on the page can't be answered, for the client; empty when it can, or no question is shown.
+    QString CannotAnswer() const;
     /// Whether button a (1..10) is seen on question q.
     bool AnswerOffered(int a) const;
 
@@ -59,9 +78,10 @@ class Administration {
     bool WantsAutoReport() const;
 
   private:
-    enum class AnswerFrame { None, Multichoice, Short, Long };
+    enum class AnswerFrame { None, Multichoice, Short, Long, CannotAnswer };
 
     void Record();
+    void GoOn();
     void CompleteTest();
     void ShowPage(TestPage page);
     bool OnQuestion() const { return page_ == TestPage::Question; }
@@ -69,7 +89,10 @@ class Administration {
     Session& session_;
     TestPage page_ = TestPage::Instructions;
     AnswerFrame frame_ = AnswerFrame::None;
-    QString beginCaption_ = QStringLiteral("Begin &Test");
+    QString beginCaption_ = QStringLiteral("&Begin Test");
+    bool waits_ = false;
+    /// The drafts that the person chose to leave as they are.
+    std::map<int, QString> leftDrafts_;
     bool backVisible_ = false;
     bool forwardVisible_ = false;
     bool reportVisible_ = false;

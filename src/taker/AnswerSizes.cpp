@@ -21,8 +21,8 @@ Button ButtonFor(int longestAnswerLength) {
     if (longestAnswerLength < 80)
         return {10, 500};
     if (longestAnswerLength < 180)
-        return {8, 600};
-    return {8, qMax(LeastHighButton, longestAnswerLength * 220 / 100)};
+        return {10, 600};
+    return {10, qMax(LeastHighButton, longestAnswerLength * 220 / 100)};
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 #pragma once
 
 /// How big the test window makes its answer buttons and itself, by the test's longest answer and its largest number
-/// of answers. Lengths are in pixels of 1/96 inch, font sizes in points.
+/// of answers. Lengths are in pixels of 1/96 inch, font sizes in points. Answers are never shown smaller than the text
+/// of the body, whatever the font size here; long ones wrap, and buttons grow with them.
 struct AnswerSizes {
     int FontSize = 12;
     int ButtonHeight = 0;

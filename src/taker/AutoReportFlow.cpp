@@ -2,6 +2,9 @@
 
 #include "platform/Directories.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 const QList<OptionBox>& ReportFileBoxes() {
     static const QList<OptionBox> boxes = {
         {AppendToReportFile, QStringLiteral("Append to File"), OptionFrame::General},
@@ -10,12 +13,47 @@ const QList<OptionBox>& ReportFileBoxes() {
     return boxes;
 }
 
-AutoReportForm::AutoReportForm(Session& session)
-    : session_(session), filePath_(std::exchange(session.ReportFilePath, NoReportFile)) {}
+namespace {
 
-void AutoReportForm::Accept(const QString& filePath, const OptionTicks& ticks) {
+/// Why no report can be written to the path; empty when it may be tried.
+QString ObjectionTo(const QString& path) {
+    const QFileInfo file(path);
+    const QString folder = QDir::toNativeSeparators(file.absolutePath());
+    if (path.trimmed().isEmpty())
+        return QStringLiteral("Enter the name of the file for the report, or choose Cancel to write none.");
+    if (file.isDir())
+        return u'\'' + path + QStringLiteral("' is a folder. Enter the name of a file for the report.");
+    if (!DirectoryExists(folder))
+        return QStringLiteral("The folder '") + folder + QStringLiteral("' doesn't exist. Enter another file name.");
+    return {};
+}
+
+} // namespace
+
+AutoReportForm::AutoReportForm(Session& session, Prompts& prompts)
+    : session_(session), prompts_(prompts), filePath_(std::exchange(session.ReportFilePath, NoReportFile)) {}
+
+bool AutoReportForm::Accept(const QString& filePath, const OptionTicks& ticks) {
+    if (const QString objection = ObjectionTo(filePath); !objection.isEmpty()) {
+        prompts_.Inform(objection);
+        return false;
+    }
+    const auto append = ticks.find(AppendToReportFile);
+    const bool appends = append == ticks.end() ? session_.Test.TestOption(AppendToReportFile) : append->second;
+    if (!appends && QFileInfo(filePath).isFile() && !MayReplace(filePath))
+        return false;
     session_.ReportFilePath = filePath;
     TakeTicks(session_.Test, ticks);
+    return true;
+}
+
+bool AutoReportForm::MayReplace(const QString& filePath) {
+    return prompts_.Choose(
+               {QStringLiteral("The file '") + filePath +
+                    QStringLiteral("' exists. Replace it, and lose what it holds?"),
+                {{QStringLiteral("&Replace"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+                1,
+                1}) == 0;
 }
 
 void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }
@@ -23,7 +61,7 @@ void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }
 Result AutoReportFlow::Run(const AskFunction& ask) {
     session_.ReportFilePath = ReportPathFor(session_.Test, session_.ClientName, prompts_);
     if (AutoReportAsks(session_)) {
-        AutoReportForm form(session_);
+        AutoReportForm form(session_, prompts_);
         ask(form);
     }
     session_.Responses.SilentReport = true;
@@ -41,6 +79,9 @@ Result AutoReportFlow::Write() {
         report_.ShowReport();
         return written;
     }
+    session_.AutoReportDone = true;
+    session_.Filed.ReportPath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    session_.Filed.Report = session_.Responses;
     return test.TestOption(OpenReportWhenCompleted) ? launcher_.Open(session_.UserSettings.DefaultEditor, path)
                                                     : Result::Done();
 }

@@ -14,18 +14,23 @@ const QList<OptionBox>& ReportFileBoxes();
 /// accepted, nothing will be written.
 class AutoReportForm {
   public:
-    explicit AutoReportForm(Session& session);
+    AutoReportForm(Session& session, Prompts& prompts);
 
     /// The path that the box holds at first.
     QString FilePath() const { return filePath_; }
     /// Whether the note that a report exists already is seen.
     bool AlreadyReported() const { return session_.AutoReportDone; }
 
-    void Accept(const QString& filePath, const OptionTicks& ticks);
+    /// False, and nothing is taken, when no report can be written to that path, which a message explains, or when the
+    /// person doesn't want the file there to be replaced.
+    bool Accept(const QString& filePath, const OptionTicks& ticks);
     void Cancel();
 
   private:
+    bool MayReplace(const QString& filePath);
+
     Session& session_;
+    Prompts& prompts_;
     QString filePath_;
 };
 
@@ -38,7 +43,8 @@ class AutoReportFlow {
     AutoReportFlow(Session& session, Prompts& prompts, const Clock& clock, Launcher& launcher, Navigator& navigator)
         : session_(session), prompts_(prompts), launcher_(launcher), report_(session, prompts, clock, navigator) {}
 
-    /// Afterwards the working directory is the current one. A report that can't be written is shown in a window
+    /// Afterwards the working directory is the current one. Only a report that was written counts as done, and the
+    /// session then knows its path and the answers in it. A report that can't be written is shown in a window
     /// instead; the message then says which file and why, and so it does when the editor can't be started.
     Result Run(const AskFunction& ask);
 

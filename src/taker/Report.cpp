@@ -1,6 +1,7 @@
 #include "taker/Report.h"
 
 #include "base/LineBreak.h"
+#include "taker/Answers.h"
 #include "taker/Scoring.h"
 
 #include <QLocale>
@@ -63,9 +64,7 @@ void Reporter::AddResponses() {
 
     QString notAnswered;
     for (int q = 1; q <= test_.QuestionCount; ++q) {
-        const bool answered =
-            !ChosenText(test_, q, responses_.ResponseChoice(q)).isEmpty() || !responses_.ResponseText(q).isEmpty();
-        if (answered)
+        if (IsAnswered(test_, responses_, q))
             AddResponse(q);
         else
             notAnswered += (notAnswered.isEmpty() ? QString() : QStringLiteral(", ")) + QString::number(q);

@@ -1,5 +1,7 @@
 #include "taker/ReportFlow.h"
 
+#include "taker/Leaving.h"
+
 ReportContext ReportContextOf(const Session& session, const QDateTime& now) {
     return {.ClientName = session.ClientName,
             .AdministratorName = session.AdministratorName,
@@ -18,18 +20,17 @@ ReportOutcome ReportFlow::Run() {
         prompts_.Inform(failure.Message());
         return ReportOutcome::Refused;
     }
-    if (silent) {
-        session_.AutoReportDone = true;
+    if (silent)
         return ReportOutcome::Built;
-    }
     ShowReport();
-    if (!EndsProgram())
+    if (!EndsProgram() || !AskToEndProgram(session_, prompts_))
         return ReportOutcome::Built;
     navigator_.EndProgram();
     return ReportOutcome::ProgramEnds;
 }
 
 void ReportFlow::ShowReport() {
+    session_.Filed.Shown = session_.Responses;
     navigator_.ShowText(session_.ReportText, QStringLiteral("Report for ") + session_.Test.TestTitle);
 }
 

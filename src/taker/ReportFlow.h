@@ -17,9 +17,9 @@ class ReportFlow {
     ReportFlow(Session& session, Prompts& prompts, const Clock& clock, Navigator& navigator)
         : session_(session), prompts_(prompts), clock_(clock), navigator_(navigator) {}
 
-    /// One run of the report. A silent one (SilentReport) only sets AutoReportDone; any other is shown in a new window,
-    /// and then the program ends if the test says so and nobody objects. A report that can't be built (its total leaves
-    /// 16 bits) is refused by a message box.
+    /// One run of the report. A silent one (SilentReport) is only built; any other is shown in a new window, and then
+    /// the program ends if the test says so, nobody objects, and nothing is lost that way without a question. A report
+    /// that can't be built (its total leaves 16 bits) is refused by a message box.
     ReportOutcome Run();
 
     /// Shows the report built last in a window of its own.

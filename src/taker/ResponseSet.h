@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <map>
 #include <vector>
 
 /// The answers of one administration; questions run from 1.
@@ -21,6 +22,11 @@ class ResponseSet {
     QString& ResponseText(int q) { return texts_.at(Index(q)); }
     const QString& ResponseText(int q) const { return texts_.at(Index(q)); }
 
+    /// Whether both hold the same choices and accepted texts.
+    bool SameAnswers(const ResponseSet& other) const { return choices_ == other.choices_ && texts_ == other.texts_; }
+
+    /// Texts typed for short and long answers that weren't accepted, by question. They are no answers.
+    std::map<int, QString> Drafts;
     /// Question now shown, from 1.
     int CurrentQuestion = 1;
     /// Highest number of a question answered so far.

@@ -3,6 +3,7 @@
 #include "base/LineBreak.h"
 #include "base/Text.h"
 #include "base/WholeNumber.h"
+#include "taker/Answers.h"
 
 namespace {
 
@@ -34,6 +35,27 @@ Scores ComputeScores(const TestDocument& test, const ResponseSet& responses) {
         scores.TotalScore = AddToTotal(scores.TotalScore, value);
     }
     return scores;
+}
+
+QString Completeness::Text() const {
+    return Incomplete() ? QStringLiteral("answered %1 of %2").arg(Answered).arg(Questions) : QString();
+}
+
+std::vector<Completeness> CompletenessOf(const TestDocument& test, const ResponseSet& responses) {
+    std::vector<Completeness> scales(static_cast<size_t>(test.SubscaleCount) + 1);
+    for (int q = 1; q <= test.QuestionCount; ++q) {
+        if (!HasAnswersToChoose(test, q))
+            continue;
+        const int answered = IsAnswered(test, responses, q) ? 1 : 0;
+        const auto count = [&](int scale) {
+            scales[static_cast<size_t>(scale)].Answered += answered;
+            scales[static_cast<size_t>(scale)].Questions += 1;
+        };
+        count(0);
+        if (const int s = test.QuestionSubscale(q); s >= 1 && s <= test.SubscaleCount)
+            count(s);
+    }
+    return scales;
 }
 
 bool InRange(qint64 score, int low, int high) { return score > qint64(low) - 1 && score < qint64(high) + 1; }

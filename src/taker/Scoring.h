@@ -18,6 +18,20 @@ struct Scores {
 /// NumberError when a chosen answer's value is no number.
 Scores ComputeScores(const TestDocument& test, const ResponseSet& responses);
 
+/// How many of a scale's scored questions (those with an answer that can be chosen) are answered.
+struct Completeness {
+    int Answered = 0;
+    int Questions = 0;
+
+    bool Incomplete() const { return Answered < Questions; }
+    /// "answered 3 of 7"; empty when all of them are.
+    QString Text() const;
+    bool operator==(const Completeness&) const = default;
+};
+
+/// The completeness of the total (index 0) and of each sub-scale from 1.
+std::vector<Completeness> CompletenessOf(const TestDocument& test, const ResponseSet& responses);
+
 /// Adds one more value to a total. Throws OverflowError past 16 bits.
 int AddToTotal(int total, int value);
 

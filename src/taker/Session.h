@@ -4,6 +4,18 @@
 #include "taker/ResponseSet.h"
 #include "testdoc/TestDocument.h"
 
+#include <optional>
+
+/// What was made of the current administration's answers, each with the answers that went into it.
+struct FiledAnswers {
+    /// Full path of the report file written last; empty for none.
+    QString ReportPath;
+    ResponseSet Report;
+    ResponseSet Workbook;
+    /// The answers of the report that was shown last. Its window asks by itself before it drops an unsaved one.
+    std::optional<ResponseSet> Shown;
+};
+
 /// Everything that one run of the program holds: the one test, the settings, the current administration, and the values
 /// that live as long as the run. Made once by the program and handed on by reference.
 struct Session {
@@ -19,6 +31,9 @@ struct Session {
     QString ReportFilePath;
     bool AutoReportDone = false;
     bool SpreadsheetExported = false;
+    /// Full path of the workbook that the last successful export of this administration went into; empty for none.
+    QString SpreadsheetFilePath;
+    FiledAnswers Filed;
 
     /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
     /// the settings say and may then be changed for the rest of the run.

@@ -499,6 +499,17 @@ class tst_cli : public QObject {
             QVERIFY2(at >= 0, words);
         }
         QVERIFY(!ran.Err.contains("2. \n"));
+        QVERIFY2(!ran.Err.contains("button"), ran.Err.constData());
+    }
+
+    void Take_QuestionThatCantBeAnswered_PassedOver() {
+        const QString test = TestFile("Odd.vlm", "[Q]a[A]x[v=1][/A][/Q][Q]b[/Q][Q]c[QT]7[/QT][/Q]"
+                                                 "[REPORT NUMBER OF QUESTIONS COMPLETED]");
+        const Ran ran = Run({QStringLiteral("take"), test}, "1\n1\n\n\n\n");
+        QCOMPARE(ran.Status, 0);
+        QCOMPARE(ran.Err.count("This question has no answers to choose from. An empty line goes on"), 2);
+        QVERIFY(ran.Err.contains("Completed"));
+        QVERIFY(ran.Out.contains("1 of 3 questions completed."));
     }
 
     void Take_LinesThatAreNoAnswer_AreAskedAgain() {

@@ -137,7 +137,7 @@ void Dialogs(const QString& sourceFolder, const WindowVisitor& visit) {
 
     program.session.ReportFilePath = QStringLiteral("Reports/Ann Lee/Sleep Week Ann Lee.txt");
     program.session.AutoReportDone = true;
-    AutoReportForm form(program.session);
+    AutoReportForm form(program.session, program.prompts);
     DialogAutoReport autoReport(form, program.session, program.chooser, program.navigator);
     visit(autoReport, QStringLiteral("automatic-report"));
 

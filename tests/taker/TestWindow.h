@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/FakeOfficeProbe.h"
+#include "support/MemorySettingsStore.h"
 #include "support/RecordingLauncher.h"
 #include "support/RecordingNavigator.h"
 #include "support/ScriptedFileChooser.h"
@@ -30,18 +31,20 @@ struct TestWindow {
 
     void Open(SpreadsheetExporter* exporter = nullptr) {
         window = std::make_unique<FrmTest>(
-            TestWindowParts{session, prompts, chooser, clock, launcher, office, navigator, exporter});
+            TestWindowParts{session, prompts, chooser, clock, launcher, office, navigator, exporter, &store});
         ShowAndActivate(*window);
     }
 
-    /// b back, f forward, s begin or resume, r report, a auto-report, digits choose, t and l type and accept a short
-    /// or long answer.
+    /// b back, f forward, s begin or resume, r report, e export, a auto-report, c continue, digits choose, t and l type
+    /// and accept a short or long answer, d types into the short one.
     void Do(const QString& steps) {
         for (const QChar step : steps) {
             if (step == u't' || step == u'l') {
                 const int box = step == u't' ? 0 : 1;
                 Type(Control<QWidget>(QStringLiteral("txtanswer_%1").arg(box)), QStringLiteral("typed"));
                 Click(*window, QStringLiteral("Label1_%1").arg(box));
+            } else if (step == u'd') {
+                Type(Control<QWidget>(QStringLiteral("txtanswer_0")), QStringLiteral("draft"));
             } else if (step.isDigit()) {
                 Click(*window, QStringLiteral("Opt_%1").arg(step.digitValue()));
             } else {
@@ -62,6 +65,8 @@ struct TestWindow {
             return QStringLiteral("CmdReport");
         case u'e':
             return QStringLiteral("CmdExport");
+        case u'c':
+            return QStringLiteral("CmdContinue");
         case u'q':
             return QStringLiteral("CmdQuit");
         default:
@@ -84,5 +89,6 @@ struct TestWindow {
     RecordingLauncher launcher;
     FakeOfficeProbe office;
     RecordingNavigator navigator;
+    MemorySettingsStore store;
     std::unique_ptr<FrmTest> window;
 };

@@ -1,5 +1,6 @@
 #include "support/TestText.h"
 #include "taker/Administration.h"
+#include "taker/Scoring.h"
 
 #include <QtTest>
 
@@ -16,7 +17,7 @@ struct Taking {
         session.Test = TestFromText(text);
         course.emplace(session);
     }
-    // b back, f forward, digits choose, t types.
+    // b back, f forward, digits choose, t types, d leaves a draft, c continues.
     void Do(const QString& steps) {
         for (const QChar step : steps) {
             if (step == u'b')
@@ -25,6 +26,10 @@ struct Taking {
                 course->Forward();
             else if (step == u't')
                 course->AcceptText(QStringLiteral("typed"));
+            else if (step == u'd')
+                course->TakeDraft(QStringLiteral("draft"));
+            else if (step == u'c')
+                QVERIFY(course->Continue());
             else
                 course->Choose(step.digitValue());
         }
@@ -42,12 +47,16 @@ class tst_administration : public QObject {
   private Q_SLOTS:
     void Navigation_Steps_Position_data();
     void Navigation_Steps_Position();
+    void CannotAnswer_Continue_NotAnswered_data();
+    void CannotAnswer_Continue_NotAnswered();
+    void Drafts_Completion_AskedOnce();
+    void Completeness_Scales_CountTheirQuestions();
     void Load_Texts_FirstPage();
     void Choose_HiddenAnswer_Refused();
     void Choose_Answer_Recorded();
     void Buttons_Options_Visibility_data();
     void Buttons_Options_Visibility();
-    void CompletedPage_Message_Appended();
+    void CompletedPage_Buttons_OnlyThoseThere();
     void Completion_Options_WhatRunsByItself_data();
     void Completion_Options_WhatRunsByItself();
     void QuestionListing_Test_ExactText();
@@ -80,6 +89,86 @@ void tst_administration::Navigation_Steps_Position() {
     QTEST(taking.session.Responses.FurthestQuestion, "furthest");
 }
 
+void tst_administration::CannotAnswer_Continue_NotAnswered_data() {
+    QTest::addColumn<QString>("questions"); // a: answers, x: none that can be chosen, 7: a type that doesn't exist
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("furthest");
+    QTest::newRow("first") << "xa"
+                           << "c"
+                           << "Question 2 of 2" << 0;
+    QTest::newRow("back to it and on") << "xa"
+                                       << "cbc"
+                                       << "Question 2 of 2" << 0;
+    QTest::newRow("between") << "a7a"
+                             << "1c1"
+                             << "Completed" << 3;
+    QTest::newRow("forward doesn't pass it") << "axa"
+                                             << "1cbbf"
+                                             << "Question 2 of 3" << 1;
+    QTest::newRow("last completes") << "ax"
+                                    << "1c"
+                                    << "Completed" << 1;
+    QTest::newRow("nothing else") << "x7"
+                                  << "cc"
+                                  << "Completed" << 0;
+    QTest::newRow("back from the end") << "ax"
+                                       << "1cbfc"
+                                       << "Completed" << 1;
+}
+
+void tst_administration::CannotAnswer_Continue_NotAnswered() {
+    QFETCH(QString, questions);
+    QFETCH(QString, steps);
+    QString text;
+    for (const QChar kind : questions)
+        text += QStringLiteral("[Q]q%1[/Q]")
+                    .arg(kind == u'a'   ? QStringLiteral("[A]a[v=1][/A]")
+                         : kind == u'x' ? QString()
+                                        : QStringLiteral("[QT]7[/QT]"));
+    Taking taking(text + WithButtons);
+    taking.Do(steps);
+    QTEST(taking.course->FrameCaption(), "caption");
+    QTEST(taking.session.Responses.FurthestQuestion, "furthest");
+    QCOMPARE(taking.course->CannotAnswer().isEmpty(),
+             taking.course->Page() == TestPage::Completed || questions[taking.course->CurrentQuestion() - 1] == u'a');
+}
+
+void tst_administration::Drafts_Completion_AskedOnce() {
+    const auto after = [](DraftsDecision decision, const QString& steps) {
+        Taking taking(Three + WithButtons);
+        taking.Do(QStringLiteral("1tbdf2"));
+        const ResponseSet& responses = taking.session.Responses;
+        if (!taking.course->WaitsForDecision() || responses.TestCompleted)
+            return QStringLiteral("completed without a question");
+        taking.course->Decide(decision);
+        taking.Do(steps);
+        return taking.course->FrameCaption() + u' ' + responses.ResponseText(2) + u' ' +
+               QString::number(responses.Drafts.size()) +
+               (taking.course->WaitsForDecision() ? QStringLiteral(" waits") : QString());
+    };
+    QCOMPARE(after(DraftsDecision::Accept, QString()), QStringLiteral("Completed draft 0"));
+    QCOMPARE(after(DraftsDecision::GoBack, QString()), QStringLiteral("Question 2 of 3 typed 1"));
+    QCOMPARE(after(DraftsDecision::Leave, QString()), QStringLiteral("Completed typed 1"));
+    QCOMPARE(after(DraftsDecision::Leave, QStringLiteral("bf1")), QStringLiteral("Completed typed 1"));
+    QCOMPARE(after(DraftsDecision::GoBack, QStringLiteral("f1")), QStringLiteral("Question 3 of 3 typed 1 waits"));
+    QCOMPARE(after(DraftsDecision::GoBack, QStringLiteral("t1")), QStringLiteral("Completed typed 0"));
+}
+
+void tst_administration::Completeness_Scales_CountTheirQuestions() {
+    Taking taking(QStringLiteral("[SUBSCALES][S]Ease[/S][S]None[/S][/SUBSCALES]"
+                                 "[Q]1[A]a[v=1][/A][SS=1][/Q][Q]2[A]a[v=0][/A][SS=1][/Q]"
+                                 "[Q]3[QT]2[/QT][/Q][Q]4[/Q][Q]5[A]a[v=1][/A][/Q]"));
+    taking.Do(QStringLiteral("1"));
+    const auto scales = CompletenessOf(taking.session.Test, taking.session.Responses);
+    QCOMPARE(scales.size(), size_t(3));
+    QCOMPARE(scales[0].Text(), QStringLiteral("answered 1 of 3"));
+    QCOMPARE(scales[1].Text(), QStringLiteral("answered 1 of 2"));
+    QCOMPARE(scales[2].Text(), QString());
+    taking.Do(QStringLiteral("1tc1"));
+    QVERIFY(!CompletenessOf(taking.session.Test, taking.session.Responses)[0].Incomplete());
+}
+
 void tst_administration::Load_Texts_FirstPage() {
     Taking plain(Three);
     QCOMPARE(plain.course->Page(), TestPage::Question);
@@ -89,7 +178,7 @@ void tst_administration::Load_Texts_FirstPage() {
     QCOMPARE(instructed.course->FrameCaption(), QStringLiteral("INSTRUCTIONS"));
     QCOMPARE(instructed.course->PageText(), QStringLiteral("Do"));
     QVERIFY(instructed.course->BeginVisible());
-    QCOMPARE(instructed.course->BeginCaption(), QStringLiteral("Begin &Test"));
+    QCOMPARE(instructed.course->BeginCaption(), QStringLiteral("&Begin Test"));
     instructed.course->Begin();
     instructed.Do(QStringLiteral("1"));
     instructed.course->ShowIntroduction();
@@ -131,6 +220,7 @@ void tst_administration::Buttons_Options_Visibility_data() {
     QTest::newRow("without navigation") << QString() << QStringLiteral("1") << QStringLiteral("bfREA");
     QTest::newRow("without navigation, after completion")
         << QString() << QStringLiteral("1t2b") << QStringLiteral("BfREA");
+    QTest::newRow("completed") << nav << QStringLiteral("1t2") << QStringLiteral("BFREA");
     QTest::newRow("locked") << locked << QStringLiteral("1") << QStringLiteral("bfrea");
     QTest::newRow("locked, completed") << locked << QStringLiteral("1t2") << QStringLiteral("BfRea");
     QTest::newRow("only when done") << whenDone << QStringLiteral("1") << QStringLiteral("bfrea");
@@ -151,13 +241,19 @@ void tst_administration::Buttons_Options_Visibility() {
           "seen");
 }
 
-void tst_administration::CompletedPage_Message_Appended() {
-    Taking taking(Three + QStringLiteral("[COMPLETION MESSAGE]Thanks<P>a lot[/COMPLETION MESSAGE]"));
-    taking.Do(QStringLiteral("1t1"));
-    QCOMPARE(
-        taking.course->PageText(),
-        QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, or use the "
-                       "'Back' and 'Forward' buttons to view and edit your responses.\r\nThanks\r\na lot"));
+void tst_administration::CompletedPage_Buttons_OnlyThoseThere() {
+    const QString done =
+        QStringLiteral("You have completed the 'Mood'.\r\nClick the 'Report' button to create a report, "
+                       "or use the ");
+    const QString view = QStringLiteral(" to view and edit your responses.");
+    const QString message = QStringLiteral("[COMPLETION MESSAGE]Thanks<P>a lot[/COMPLETION MESSAGE]");
+    for (const auto& [options, buttons] : {std::pair(QString(), QStringLiteral("'Back' button")),
+                                           std::pair(WithButtons, QStringLiteral("'Back' and 'Forward' buttons"))}) {
+        Taking taking(Three + message + options);
+        taking.Do(QStringLiteral("1t1"));
+        QCOMPARE(taking.course->ForwardVisible(), !options.isEmpty());
+        QCOMPARE(taking.course->PageText(), done + buttons + view + QStringLiteral("\r\nThanks\r\na lot"));
+    }
 }
 
 void tst_administration::Completion_Options_WhatRunsByItself_data() {

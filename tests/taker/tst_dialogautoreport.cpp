@@ -1,3 +1,4 @@
+#include "support/Files.h"
 #include "support/RecordingLauncher.h"
 #include "support/RecordingNavigator.h"
 #include "support/ScriptedFileChooser.h"
@@ -21,7 +22,7 @@ struct Dialog {
         session.ReportFilePath = QStringLiteral("Mood.txt");
     }
     void Open() {
-        form.emplace(session);
+        form.emplace(session, prompts);
         window = std::make_unique<DialogAutoReport>(*form, session, chooser, navigator);
         ShowAndActivate(*window);
     }
@@ -37,6 +38,7 @@ struct Dialog {
 
     QTemporaryDir folder;
     Session session;
+    ScriptedPrompts prompts;
     ScriptedFileChooser chooser;
     RecordingNavigator navigator;
     std::optional<AutoReportForm> form;
@@ -60,6 +62,8 @@ class tst_dialogautoreport : public QObject {
     void Boxes_Test_EnabledWhereTheyMatter();
     void Open_Session_PathTicksAndNote();
     void Ok_Changes_Taken();
+    void Ok_PathThatWontDo_StaysOpen_data();
+    void Ok_PathThatWontDo_StaysOpen();
     void Cancel_Ways_NoFile_data();
     void Cancel_Ways_NoFile();
     void Browse_Chosen_PathAndWorkingDirectory();
@@ -113,16 +117,55 @@ void tst_dialogautoreport::Ok_Changes_Taken() {
     Dialog dialog(Texts + ChoiceQuestion + QStringLiteral("[REPORT SHORT ANSWERS][PROMPT CLIENT NAME][REPORT TITLE]"));
     dialog.Open();
     QVERIFY(!dialog.Box(12).isEnabled());
-    Find<QLineEdit>(*dialog.window, QStringLiteral("Text1")).setText(QStringLiteral("other.txt"));
+    Find<QLineEdit>(*dialog.window, QStringLiteral("Text1"))
+        .setText(dialog.folder.filePath(QStringLiteral("other.txt")));
     for (const int option : {1, 6, 24})
         Click(*dialog.window, QStringLiteral("ChkReportOptions_%1").arg(option));
     Click(*dialog.window, QStringLiteral("CMDOK"));
-    QCOMPARE(dialog.session.ReportFilePath, QStringLiteral("other.txt"));
+    QCOMPARE(dialog.session.ReportFilePath, dialog.folder.filePath(QStringLiteral("other.txt")));
     QStringList set;
     for (int i = 1; i <= OptionCount; ++i)
         if (dialog.session.Test.TestOption(i))
             set += QString::number(i);
     QCOMPARE(set.join(u' '), QStringLiteral("6 10 12 24"));
+}
+
+void tst_dialogautoreport::Ok_PathThatWontDo_StaysOpen_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("choice"); // empty for a mere message
+    QTest::addColumn<bool>("append");
+    QTest::addColumn<bool>("closes");
+    const QString exists = QStringLiteral("exists. Replace it, and lose what it holds?");
+    QTest::newRow("kept") << "there.txt" << exists << "Cancel" << false << false;
+    QTest::newRow("replaced") << "there.txt" << exists << "Replace" << false << true;
+    QTest::newRow("appended to") << "there.txt" << QString() << QString() << true << true;
+    QTest::newRow("no folder") << "none/r.txt"
+                               << "none' doesn't exist." << QString() << true << false;
+    QTest::newRow("a folder") << "."
+                              << "is a folder." << QString() << false << false;
+    QTest::newRow("no name") << " "
+                             << "Enter the name of the file" << QString() << false << false;
+}
+
+void tst_dialogautoreport::Ok_PathThatWontDo_StaysOpen() {
+    QFETCH(QString, path);
+    QFETCH(QString, message);
+    QFETCH(QString, choice);
+    QFETCH(bool, append);
+    Dialog dialog(Texts + ChoiceQuestion);
+    QDir::setCurrent(dialog.folder.path());
+    PutBytes(QStringLiteral("there.txt"), "earlier");
+    dialog.Open();
+    Find<QLineEdit>(*dialog.window, QStringLiteral("Text1")).setText(path);
+    dialog.Box(AppendToReportFile).setChecked(append);
+    if (!choice.isEmpty())
+        dialog.prompts.ExpectChoice(message, choice).InPart();
+    else if (!message.isEmpty())
+        dialog.prompts.Expect(message).InPart();
+    Click(*dialog.window, QStringLiteral("CMDOK"));
+    QTEST(!dialog.window->isVisible(), "closes");
+    QCOMPARE(dialog.session.ReportFilePath, dialog.window->isVisible() ? NoReportFile : path);
 }
 
 void tst_dialogautoreport::Cancel_Ways_NoFile_data() {
@@ -174,14 +217,16 @@ struct Flow : Dialog {
     }
     Result Run(const QString& path, const OptionTicks& ticks) {
         AutoReportFlow flow(session, prompts, clock, launcher, navigator);
-        return flow.Run([&](AutoReportForm& asked) { asked.Accept(path, ticks); });
+        return flow.Run([&](AutoReportForm& asked) {
+            if (!asked.Accept(path, ticks))
+                asked.Cancel();
+        });
     }
     QByteArray Content(const QString& name) {
         QFile file(folder.filePath(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
     }
 
-    ScriptedPrompts prompts;
     FixedClock clock{QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9))};
     RecordingLauncher launcher;
 };
@@ -195,14 +240,18 @@ void tst_dialogautoreport::Flow_AppendTickedInDialog_Appends() {
     QVERIFY(flow.Run(path, append));
     QVERIFY(flow.Run(path, append));
     QCOMPARE(flow.Content(path), QByteArray("T REPORT\r\n\r\n\r\n").repeated(2));
+    flow.prompts.ExpectChoice(QStringLiteral("exists. Replace it"), QStringLiteral("Replace")).InPart();
     QVERIFY(flow.Run(path, {{AppendToReportFile, false}}));
     QCOMPARE(flow.Content(path), "T REPORT\r\n\r\n\r\n");
     QVERIFY(flow.session.AutoReportDone && flow.launcher.Starts.isEmpty());
+    QCOMPARE(flow.session.Filed.ReportPath, QDir::toNativeSeparators(flow.folder.filePath(path)));
 }
 
 void tst_dialogautoreport::Flow_EmptyPath_NothingWritten() {
     Flow flow;
+    flow.prompts.Expect(QStringLiteral("Enter the name of the file")).InPart();
     QVERIFY(flow.Run(QString(), {{OpenReportWhenCompleted, true}}));
+    QVERIFY(!flow.session.AutoReportDone);
     QVERIFY(QDir(flow.folder.path()).isEmpty());
     QVERIFY(flow.launcher.Starts.isEmpty() && flow.navigator.Calls.isEmpty());
 }

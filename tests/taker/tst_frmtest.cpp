@@ -1,7 +1,9 @@
+#include "platform/ui/Typography.h"
 #include "support/Files.h"
 #include "taker/AutoReport.h"
 #include "taker/TestWindow.h"
 
+#include <QAccessible>
 #include <QtTest>
 
 namespace {
@@ -24,10 +26,13 @@ class CountingExporter : public SpreadsheetExporter {
     Result Export(Session& session) override {
         ++Runs;
         session.SpreadsheetExported = FailWith.isEmpty();
+        if (FailWith.isEmpty())
+            session.SpreadsheetFilePath = Path;
         return FailWith.isEmpty() ? Result::Done() : Result::Failed(FailWith);
     }
     int Runs = 0;
     QString FailWith;
+    QString Path;
 };
 
 } // namespace
@@ -47,7 +52,10 @@ class tst_frmtest : public QObject {
     void Answers_HiddenEmptyOne_CantBeChosen();
     void Answers_EarlierChoice_AloneBold();
     void Answers_DoubleClick_AnswersOnce();
-    void TypedText_NotAccepted_DiscardedByNavigationOnly();
+    void TypedText_NotAccepted_DraftEverywhere_data();
+    void TypedText_NotAccepted_DraftEverywhere();
+    void Drafts_AtTheEnd_AskedWithTheirNumbers();
+    void CannotAnswer_Continue_ByKeyToTheEnd();
     void TypedText_Accepted_KeptWithItsLines();
     void Keyboard_WholeTest_WithoutMouse();
     void Keyboard_HeldOrUnsought_AnswersNothing();
@@ -55,11 +63,17 @@ class tst_frmtest : public QObject {
     void NavigatorItems_Chosen_Called_data();
     void NavigatorItems_Chosen_Called();
     void Leaving_Ways_StartScreen();
+    void Leaving_SomethingAtStake_Asks_data();
+    void Leaving_SomethingAtStake_Asks();
     void TestOptions_Changed_FromNextQuestion();
     void Report_Pressed_ShownEachTime();
     void Report_TotalTooBig_OverflowAndUsable();
     void Report_Terminate_AsksAndEnds_data();
     void Report_Terminate_AsksAndEnds();
+    void Report_TerminateUnsaved_AsksAgain();
+    void Speech_Question_ReadWithItsAnswers();
+    void TextSize_Keys_AllAndRemembered();
+    void Letters_SeenAtOnce_Differ();
     void Completion_LastReanswered_FilesOnce();
     void Export_NoExporter_SaysSo();
     void AutoReport_Dialog_FirstAndSecondTime();
@@ -75,7 +89,7 @@ void tst_frmtest::Open_Instructions_TextAloneAndBegin() {
     QCOMPARE(taking.window->windowTitle(), QStringLiteral("Mood"));
     QCOMPARE(taking.Caption(), QStringLiteral("INSTRUCTIONS"));
     QCOMPARE(taking.Text(), QStringLiteral("Do it\nwell"));
-    QCOMPARE(taking.Control<QPushButton>(QStringLiteral("CmdBegin")).text(), QStringLiteral("Begin &Test"));
+    QCOMPARE(taking.Control<QPushButton>(QStringLiteral("CmdBegin")).text(), QStringLiteral("&Begin Test"));
     QCOMPARE(taking.FocusName(), QStringLiteral("CmdBegin"));
     for (int frame = 0; frame < 3; ++frame)
         QVERIFY(!taking.Seen(QStringLiteral("FrmAnswer_%1").arg(frame)));
@@ -92,9 +106,9 @@ void tst_frmtest::Open_Sizes_FollowLongestAnswer_data() {
     QTest::addColumn<QList<int>>("expected"); // font, button, frame, window, information
     QTest::newRow("short") << 39 << 4 << QList<int>{12, 33, 151, 342, 241};
     QTest::newRow("longer") << 40 << 4 << QList<int>{10, 33, 151, 342, 241};
-    QTest::newRow("long") << 80 << 10 << QList<int>{8, 40, 418, 608, 507};
-    QTest::newRow("longest at the least height") << 180 << 10 << QList<int>{8, 45, 468, 658, 557};
-    QTest::newRow("longest") << 400 << 1 << QList<int>{8, 58, 76, 268, 167};
+    QTest::newRow("long") << 80 << 10 << QList<int>{10, 40, 418, 608, 507};
+    QTest::newRow("longest at the least height") << 180 << 10 << QList<int>{10, 45, 468, 658, 557};
+    QTest::newRow("longest") << 400 << 1 << QList<int>{10, 58, 76, 268, 167};
     QTest::newRow("no answers") << 0 << 0 << QList<int>{12, 33, 18, 345, 244};
 }
 
@@ -111,7 +125,7 @@ void tst_frmtest::Open_Sizes_FollowLongestAnswer() {
                           .arg(answer.isEmpty() ? QStringLiteral("x") : answer));
     taking.Open();
     const auto& button = taking.Control<QPushButton>(QStringLiteral("Opt_1"));
-    QCOMPARE(button.font().pointSize(), sizes.FontSize);
+    QVERIFY(button.font().pointSizeF() >= qMax<double>(sizes.FontSize, BodyFont().pointSizeF()));
     QVERIFY(button.height() >= sizes.ButtonHeight);
 }
 
@@ -126,8 +140,8 @@ void tst_frmtest::Menus_Captions_Exact() {
     }
     QCOMPARE(captions.join(u'|'),
              QStringLiteral("&File|&Main Menu|&Edit Current Test|-|&Quit|&Test|Intro&duction|&Instructions|"
-                            "&Show Questions|-|Test Client and Adminstrator|&Options|&General Options|&Test Options|"
-                            "&Help|Help|&About Vellumo"));
+                            "&Show Questions|-|Test Client and Adminstrator|&Options|&General Options|&Test Options|-|"
+                            "&Larger Text|&Smaller Text|&Usual Size|&Help|Help|&About Vellumo"));
 
     TestWindow locked(Questions + Locked);
     locked.Open();
@@ -209,6 +223,12 @@ void tst_frmtest::Answers_EarlierChoice_AloneBold() {
     taking.Do(QStringLiteral("2b"));
     for (const int a : {1, 2, 4})
         QCOMPARE(taking.Control<QPushButton>(QStringLiteral("Opt_%1").arg(a)).font().bold(), a == 2);
+    for (const int a : {1, 2, 4}) {
+        QAccessibleInterface* access =
+            QAccessible::queryAccessibleInterface(&taking.Control<QPushButton>(QStringLiteral("Opt_%1").arg(a)));
+        QCOMPARE(access->role(), QAccessible::RadioButton);
+        QVERIFY(access->state().checkable && access->state().checked == (a == 2));
+    }
     QCOMPARE(taking.FocusName(), QStringLiteral("Opt_2"));
     taking.Do(QStringLiteral("4b"));
     QVERIFY(!taking.Control<QPushButton>(QStringLiteral("Opt_2")).font().bold());
@@ -230,19 +250,64 @@ void tst_frmtest::Answers_DoubleClick_AnswersOnce() {
     QCOMPARE(taking.Caption(), QStringLiteral("Question 3 of 3"));
 }
 
-void tst_frmtest::TypedText_NotAccepted_DiscardedByNavigationOnly() {
-    TestWindow taking(Questions + Buttons);
+void tst_frmtest::TypedText_NotAccepted_DraftEverywhere_data() {
+    QTest::addColumn<QString>("away"); // a menu item, or steps
+    for (const char* item : {"mnutestshow_1", "mnutestshow_2", "mnutestshow_3", "mnugeneraloptions"})
+        QTest::newRow(item) << item;
+    QTest::newRow("back and forward") << "bf";
+    QTest::newRow("report") << "r";
+}
+
+void tst_frmtest::TypedText_NotAccepted_DraftEverywhere() {
+    QFETCH(QString, away);
+    TestWindow taking(Instructed + Buttons + QStringLiteral("[REPORT SHORT ANSWERS]"));
     taking.Open();
-    taking.Do(QStringLiteral("1"));
+    taking.Do(QStringLiteral("s1"));
     auto& box = taking.Control<QLineEdit>(QStringLiteral("txtanswer_0"));
     QCOMPARE(taking.FocusName(), box.objectName());
+    QVERIFY(!taking.Seen(QStringLiteral("LblDraft_0")));
     Type(box, QStringLiteral("half a"));
-    taking.Do(QStringLiteral("r"));
-    Choose(*taking.window, QStringLiteral("mnugeneraloptions"));
+    if (away.startsWith(QStringLiteral("mnu")))
+        Choose(*taking.window, away);
+    else
+        taking.Do(away);
+    if (taking.Seen(QStringLiteral("CmdBegin")))
+        taking.Do(QStringLiteral("s"));
+    QCOMPARE(taking.Caption(), QStringLiteral("Question 2 of 4"));
     QCOMPARE(box.text(), QStringLiteral("half a"));
-    taking.Do(QStringLiteral("bf"));
-    QCOMPARE(box.text(), QString());
+    QVERIFY(taking.Seen(QStringLiteral("LblDraft_0")));
     QCOMPARE(taking.session.Responses.ResponseText(2), QString());
+    taking.Do(QStringLiteral("r"));
+    QVERIFY(!taking.navigator.ShownTexts.last().contains(QStringLiteral("half a")));
+    box.clear();
+    QVERIFY(!taking.Seen(QStringLiteral("LblDraft_0")));
+}
+
+void tst_frmtest::Drafts_AtTheEnd_AskedWithTheirNumbers() {
+    TestWindow taking(Questions + Buttons);
+    taking.Open();
+    taking.prompts
+        .ExpectChoice(QStringLiteral("What was typed for question 2 was not accepted"), QStringLiteral("Accept"))
+        .InPart();
+    taking.Do(QStringLiteral("1tlbb"));
+    taking.Do(QStringLiteral("dff1"));
+    QCOMPARE(taking.Caption(), QStringLiteral("Completed"));
+    QCOMPARE(taking.session.Responses.ResponseText(2), QStringLiteral("typeddraft"));
+    QVERIFY(taking.session.Responses.Drafts.empty());
+}
+
+void tst_frmtest::CannotAnswer_Continue_ByKeyToTheEnd() {
+    TestWindow taking(QStringLiteral("[TITLE]T[/TITLE][Q]One[A]a[v=1][/A][/Q][Q]Two[QT]7[/QT][/Q][Q]Three[/Q]"));
+    taking.Open();
+    taking.Do(QStringLiteral("1"));
+    QVERIFY(taking.Seen(QStringLiteral("LblCannotAnswer")) && !taking.Seen(QStringLiteral("FrmAnswer_0")));
+    QCOMPARE(taking.FocusName(), QStringLiteral("CmdContinue"));
+    Press(*taking.window->focusWidget(), Qt::Key_Return);
+    QVERIFY(taking.Control<QLabel>(QStringLiteral("LblCannotAnswer"))
+                .text()
+                .startsWith(QStringLiteral("This question has no answers to choose from.")));
+    taking.Do(QStringLiteral("c"));
+    QCOMPARE(taking.Caption(), QStringLiteral("Completed"));
 }
 
 void tst_frmtest::TypedText_Accepted_KeptWithItsLines() {
@@ -405,6 +470,67 @@ void tst_frmtest::Leaving_Ways_StartScreen() {
              QStringLiteral("EditTest open"));
 }
 
+void tst_frmtest::Leaving_SomethingAtStake_Asks_data() {
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<QString>("asked"); // empty: nothing
+    const QString middle = QStringLiteral("If you leave it now, the answers given so far (1 of 4) are lost.");
+    const QString result = QStringLiteral("are in no report and in no workbook.");
+    QTest::newRow("nothing given") << ""
+                                   << "";
+    QTest::newRow("middle") << "1" << middle;
+    QTest::newRow("middle with a draft") << "1d"
+                                         << "typed for question 2 was not accepted and would be lost.";
+    QTest::newRow("completed") << "1tl1" << result;
+    QTest::newRow("shown") << "1tl1r"
+                           << "";
+    QTest::newRow("changed after it was shown") << "1tl1rbf2" << result;
+    QTest::newRow("shown, then a draft") << "1tl1rbbd"
+                                         << "The text typed for question 2";
+    QTest::newRow("exported") << "1tl1e"
+                              << "";
+    QTest::newRow("exported, then changed") << "1tl1ebf2"
+                                            << "Answers were changed after they were saved in '/w.exl'.";
+}
+
+void tst_frmtest::Leaving_SomethingAtStake_Asks() {
+    QFETCH(QString, steps);
+    QFETCH(QString, asked);
+    CountingExporter exporter;
+    exporter.Path = QStringLiteral("/w.exl");
+    for (const QString& way : {QStringLiteral("close"), QStringLiteral("mnuNew"), QStringLiteral("mnuQuit"),
+                               QStringLiteral("edittest"), QStringLiteral("CmdQuit")}) {
+        TestWindow taking(Questions + Buttons);
+        taking.office.Entries[SpreadsheetKey] = QStringLiteral("Excel.Sheet.8");
+        taking.Open(&exporter);
+        taking.Do(steps);
+        taking.navigator.Calls.clear();
+        const auto leave = [&] {
+            if (way == QStringLiteral("close"))
+                taking.window->close();
+            else if (way.startsWith(u'C'))
+                Click(*taking.window, way);
+            else
+                Choose(*taking.window, way);
+        };
+        if (!asked.isEmpty()) {
+            taking.prompts.ExpectChoice(asked, QStringLiteral("Cancel")).InPart();
+            leave();
+            QVERIFY(taking.navigator.Calls.isEmpty() && taking.window->isVisible());
+            if (asked.contains(QStringLiteral("no report"))) {
+                taking.prompts.ExpectChoice(asked, QStringLiteral("Make Report")).InPart();
+                leave();
+                QCOMPARE(taking.navigator.Calls, QStringList{QStringLiteral("ShowText(Report for Mood)")});
+                QVERIFY(taking.window->isVisible());
+                taking.navigator.Calls.clear();
+            } else {
+                taking.prompts.ExpectChoice(asked, QStringLiteral("Discard")).InPart();
+            }
+        }
+        leave();
+        QCOMPARE(taking.navigator.Calls.size(), 1);
+    }
+}
+
 void tst_frmtest::TestOptions_Changed_FromNextQuestion() {
     TestWindow taking(Questions);
     taking.Open();
@@ -456,6 +582,15 @@ void tst_frmtest::Report_Terminate_AsksAndEnds_data() {
     QTest::newRow("without prompting") << terminate + Silent << -1 << true;
 }
 
+void tst_frmtest::Report_TerminateUnsaved_AsksAgain() {
+    TestWindow taking(Questions + Silent + QStringLiteral("[TERMINATE PROGRAM WHEN TEST COMPLETED]"));
+    taking.Open();
+    taking.prompts.ExpectChoice(QStringLiteral("The report on the screen is not saved."), QStringLiteral("Cancel"))
+        .InPart();
+    taking.Do(QStringLiteral("1r"));
+    QVERIFY(!taking.navigator.Calls.contains(QStringLiteral("EndProgram")));
+}
+
 void tst_frmtest::Report_Terminate_AsksAndEnds() {
     QFETCH(QString, options);
     QFETCH(int, answer);
@@ -479,6 +614,7 @@ void tst_frmtest::Report_Terminate_AsksAndEnds() {
 
 void tst_frmtest::Completion_LastReanswered_FilesOnce() {
     CountingExporter exporter;
+    exporter.Path = QStringLiteral("/w.exl");
     TestWindow taking(Questions + Append + Silent + Buttons +
                       QStringLiteral("[INCLUDE DATE IN EXCEL FILE][REPORT TOTAL SCORE]"));
     taking.Open(&exporter);
@@ -487,8 +623,15 @@ void tst_frmtest::Completion_LastReanswered_FilesOnce() {
     const QString path = taking.folder.filePath(QStringLiteral("Mood.txt"));
     QCOMPARE(BytesOf(path), "\r\n\r\n\r\nCUMULATIVE SCORE= 2\r\n\r\n");
     QVERIFY(taking.session.AutoReportDone && !taking.session.Responses.SilentReport);
+    const QString shown = QDir::toNativeSeparators(path);
+    QCOMPARE(taking.Status(),
+             QStringLiteral("The report was saved in '%1'\nThe results were added to '/w.exl'").arg(shown));
     taking.Do(QStringLiteral("bf2"));
     QCOMPARE(taking.Caption(), QStringLiteral("Completed"));
+    QCOMPARE(taking.Status(),
+             QStringLiteral("The report in '%1' holds earlier answers. 'Auto-Report' writes a new one.\n"
+                            "The row in '/w.exl' holds earlier answers. 'Export' adds a new one.")
+                 .arg(shown));
     QCOMPARE(exporter.Runs, 1);
     QCOMPARE(BytesOf(path), "\r\n\r\n\r\nCUMULATIVE SCORE= 2\r\n\r\n");
     QCOMPARE(taking.navigator.Calls, QStringList());
@@ -538,13 +681,13 @@ void tst_frmtest::AutoReport_Cancelled_NothingWritten() {
     taking.Do(QStringLiteral("a"));
     QVERIFY(driver.Finished());
     QVERIFY(QDir(taking.folder.path()).isEmpty());
-    QVERIFY(taking.session.AutoReportDone && !taking.session.ReportText.isEmpty());
+    QVERIFY(!taking.session.AutoReportDone && !taking.session.ReportText.isEmpty());
     QCOMPARE(taking.session.ReportFilePath, NoReportFile);
 }
 
 void tst_frmtest::AutoReport_FileFails_ShownAndTold_data() {
     QTest::addColumn<QString>("path");
-    QTest::newRow("no such directory") << QStringLiteral("missing/deep/r.txt");
+    QTest::newRow("read-only folder") << QStringLiteral("/proc/r.txt");
     QTest::newRow("full disk") << QStringLiteral("/dev/full");
 }
 
@@ -578,8 +721,115 @@ void tst_frmtest::AutoReport_OpenedInEditor_FailureTold() {
     taking.Do(AllAnswered);
     QCOMPARE(taking.launcher.Starts,
              (QList<RecordingLauncher::Start>{{QStringLiteral("editor"), QStringLiteral("Mood.txt")}}));
-    QCOMPARE(taking.Status(), QStringLiteral("Can't start editor"));
+    QVERIFY(taking.Status().startsWith(QStringLiteral("Can't start editor\nThe report was saved in '")));
     QVERIFY(taking.navigator.ShownTexts.isEmpty());
+}
+
+void tst_frmtest::Speech_Question_ReadWithItsAnswers() {
+    TestWindow taking(Questions + Buttons);
+    taking.Open();
+    const auto heard = [&] {
+        const QAccessibleInterface* focus = QAccessible::queryAccessibleInterface(taking.window->focusWidget());
+        return focus->text(QAccessible::Name) + u'|' + focus->text(QAccessible::Description) + u'|' +
+               focus->parent()->text(QAccessible::Name);
+    };
+    QCOMPARE(heard().section(u'|', 0, 1), QStringLiteral("a|Question 1 of 4: One. Answer 1"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(&taking.Control<QWidget>(QStringLiteral("FrmAnswer_0")))
+                 ->text(QAccessible::Name),
+             QStringLiteral("Question 1 of 4: One"));
+    Press(*taking.window->focusWidget(), Qt::Key_Down);
+    QCOMPARE(heard().section(u'|', 0, 1), QStringLiteral("b & c|Answer 2"));
+
+    // As assistive technology presses it.
+    QAccessible::queryAccessibleInterface(taking.window->focusWidget())
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    QTRY_COMPARE(taking.session.Responses.ResponseChoice(1), 2);
+    QCOMPARE(heard(), QStringLiteral("Short Answer|Question 2 of 4: Two|Question 2 of 4: Two"));
+    taking.Do(QStringLiteral("d"));
+    QVERIFY(heard().contains(QStringLiteral("Not accepted yet")));
+
+    auto& status = taking.Control<QLabel>(QStringLiteral("LblStatus"));
+    taking.session.Filed.ReportPath = QStringLiteral("/r.txt");
+    taking.Do(QStringLiteral("b"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name), taking.Status());
+    QVERIFY(status.textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
+}
+
+void tst_frmtest::TextSize_Keys_AllAndRemembered() {
+    const QString ten =
+        QStringLiteral("[A]%1[v=1][/A]").arg(QStringLiteral("quite a long answer ").repeated(12)).repeated(10);
+    const QString text = QStringLiteral("[TITLE]T[/TITLE][Q]One%1[/Q][Q]Two[QT]3[/QT][/Q]").arg(ten) + Locked;
+    TestWindow taking(text);
+    taking.Open();
+    const auto size = [&](const QString& name) { return taking.Control<QWidget>(name).font().pointSizeF(); };
+    const QStringList read = {QStringLiteral("TxtQuest"),  QStringLiteral("Opt_1"),   QStringLiteral("framequest"),
+                              QStringLiteral("CmdBegin"),  QStringLiteral("CmdBack"), QStringLiteral("txtanswer_1"),
+                              QStringLiteral("LblStatus"), QStringLiteral("Label1_1")};
+    QList<qreal> usual;
+    for (const QString& name : read)
+        usual += size(name);
+    for (int i = 0; i < 20; ++i)
+        Press(*taking.window->focusWidget(), Qt::Key_Plus, Qt::ControlModifier);
+    for (qsizetype i = 0; i < read.size(); ++i)
+        QVERIFY2(size(read[i]) > 2 * usual[i] && size(read[i]) < 3 * usual[i], qPrintable(read[i]));
+    QCOMPARE(taking.store.Values.value(QStringLiteral("ReadingSize")), QStringLiteral("250"));
+
+    // Every answer comes into view as the keys get to it.
+    QTRY_VERIFY(taking.window->layout()->isEnabled());
+    for (int a = 2; a <= 10; ++a) {
+        Press(*taking.window->focusWidget(), Qt::Key_Down);
+        QCOMPARE(taking.FocusName(), QStringLiteral("Opt_%1").arg(a));
+        QVERIFY(!taking.window->focusWidget()->visibleRegion().isEmpty());
+    }
+
+    TestWindow next(text);
+    next.store.Values = taking.store.Values;
+    next.Open();
+    QCOMPARE(next.Control<QWidget>(QStringLiteral("TxtQuest")).font().pointSizeF(), size(QStringLiteral("TxtQuest")));
+    QWheelEvent turn({5, 5}, next.window->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::ControlModifier,
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(next.Control<QTextEdit>(QStringLiteral("TxtQuest")).viewport(), &turn);
+    QCOMPARE(next.store.Values.value(QStringLiteral("ReadingSize")), QStringLiteral("200"));
+    Press(*next.window, Qt::Key_0, Qt::ControlModifier);
+    QCOMPARE(next.Control<QWidget>(QStringLiteral("Opt_1")).font().pointSizeF(), usual[1]);
+    for (int i = 0; i < 20; ++i)
+        Press(*next.window, Qt::Key_Minus, Qt::ControlModifier);
+    QVERIFY(next.Control<QWidget>(QStringLiteral("Opt_1")).font().pointSizeF() >= BodyFont().pointSizeF());
+
+    TestWindow broken(text);
+    broken.store.Values[QStringLiteral("ReadingSize")] = QStringLiteral("huge");
+    broken.Open();
+    QCOMPARE(broken.Control<QWidget>(QStringLiteral("Opt_1")).font().pointSizeF(), usual[1]);
+}
+
+void tst_frmtest::Letters_SeenAtOnce_Differ() {
+    for (const QString& options : {Buttons, Buttons + Locked}) {
+        TestWindow taking(Instructed + options);
+        taking.office.Entries[SpreadsheetKey] = QStringLiteral("Excel.Sheet.8");
+        taking.Open();
+        const auto differ = [&] {
+            QStringList letters;
+            for (const QAction* menu : taking.window->menuBar()->actions())
+                if (menu->isVisible())
+                    letters += QKeySequence::mnemonic(menu->text()).toString();
+            for (const auto* button : taking.window->findChildren<QPushButton*>())
+                if (button->isVisible() && !button->objectName().startsWith(QStringLiteral("Opt_")))
+                    letters += QKeySequence::mnemonic(button->text()).toString();
+            letters.removeAll(QString());
+            return letters.removeDuplicates() == 0;
+        };
+        QVERIFY(differ());
+        taking.Do(QStringLiteral("s1t"));
+        QVERIFY(differ());
+        if (options == Buttons)
+            Choose(*taking.window, QStringLiteral("mnutestshow_1"));
+        QVERIFY(differ());
+    }
+    TestWindow plain(Questions);
+    plain.Open();
+    for (const int item : {1, 2})
+        QVERIFY(!plain.Control<QAction>(QStringLiteral("mnutestshow_%1").arg(item)).isVisible());
 }
 
 QTEST_MAIN(tst_frmtest)

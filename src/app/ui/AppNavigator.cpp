@@ -103,7 +103,7 @@ bool AppNavigator::BeginLoadedTest() {
         return false;
     }
     testWindow_ = Owned(new FrmTest({parts_.Run, parts_.Ports.Boxes, parts_.Ports.Files, parts_.Time, parts_.Programs,
-                                     parts_.Ports.Office, *this, parts_.Exporter}));
+                                     parts_.Ports.Office, *this, parts_.Exporter, &parts_.Store}));
     BringUp(*testWindow_);
     return true;
 }

@@ -3,6 +3,7 @@
 #include "base/LineBreak.h"
 #include "platform/ui/Typography.h"
 
+#include <QAccessibleWidget>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -32,14 +33,45 @@ void LayOut(QTextLayout& layout, int width) {
     layout.endLayout();
 }
 
+class AnswerAccess : public QAccessibleWidget {
+  public:
+    explicit AnswerAccess(AnswerButton* button) : QAccessibleWidget(button, QAccessible::RadioButton) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = static_cast<const AnswerButton*>(widget())->Chosen();
+        return state;
+    }
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(const QString& name) override {
+        if (name == setFocusAction())
+            return QAccessibleWidget::doAction(name);
+        // Later: what the answer leads to may open a window and would keep the caller waiting.
+        if (widget()->isEnabled() && (name == pressAction() || name == toggleAction()))
+            QMetaObject::invokeMethod(widget(), "click", Qt::QueuedConnection);
+    }
+};
+
+QAccessibleInterface* MakeAccess(const QString& className, QObject* object) {
+    if (className != QLatin1String(AnswerButton::staticMetaObject.className()))
+        return nullptr;
+    return new AnswerAccess(static_cast<AnswerButton*>(object));
+}
+
 } // namespace
 
-AnswerButton::AnswerButton(int number, QWidget* parent) : QPushButton(parent), key_(QString::number(number % 10)) {
+AnswerButton::AnswerButton(int number, QWidget* parent)
+    : QPushButton(parent),
+      place_(QStringLiteral("Answer ") + QString::number(number)),
+      key_(QString::number(number % 10)) {
+    static const bool accessMade = (QAccessible::installFactory(MakeAccess), true);
+    Q_UNUSED(accessMade);
     setFocusPolicy(Qt::StrongFocus);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    setAccessibleDescription(QStringLiteral("Answer ") + QString::number(number));
+    setAccessibleDescription(place_);
 }
 
 void AnswerButton::SetAnswer(const QString& answer) {
@@ -58,9 +90,16 @@ void AnswerButton::SetChosen(bool chosen) {
     changed.setBold(chosen);
     setFont(changed);
     updateGeometry();
+    QAccessible::State state;
+    state.checked = true;
+    QAccessibleStateChangeEvent event(this, state);
+    QAccessible::updateAccessibility(&event);
 }
 
-void AnswerButton::TakeFirstFocus() {
+void AnswerButton::TakeFirstFocus(const QString& question) {
+    // The button may have had the focus for the question before, and who listens has to hear of the next one.
+    clearFocus();
+    setAccessibleDescription(question + QStringLiteral(". ") + place_);
     setFocus();
     takesReturn_ = false;
 }
@@ -133,4 +172,9 @@ void AnswerButton::focusInEvent(QFocusEvent* event) {
         break;
     }
     QPushButton::focusInEvent(event);
+}
+
+void AnswerButton::focusOutEvent(QFocusEvent* event) {
+    setAccessibleDescription(place_);
+    QPushButton::focusOutEvent(event);
 }

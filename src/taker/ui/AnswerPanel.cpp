@@ -3,8 +3,11 @@
 #include "base/LineBreak.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
+#include "taker/Answers.h"
+#include "taker/ui/WrappingRow.h"
 
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -14,17 +17,26 @@ namespace {
 constexpr int Buttons = 0;
 constexpr int ShortBox = 1;
 constexpr int LongBox = 2;
+constexpr int NoAnswer = 3;
+constexpr double BoxScale = 1.3;
+
+/// Takes the focus for a new question. A box that had it for the one before loses it first, so that the new question
+/// is read out.
+void FocusAnew(QWidget& box) {
+    box.clearFocus();
+    box.setFocus();
+}
 
 bool IsReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 } // namespace
 
-AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(parent) {
+AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(parent), sizes_(sizes) {
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 0, 0);
     FrmAnswer_ = {MakeFrame(Buttons, QStringLiteral("Answer from the following options")),
                   MakeFrame(ShortBox, QStringLiteral("Short Answer")),
-                  MakeFrame(LongBox, QStringLiteral("Long Answer"))};
+                  MakeFrame(LongBox, QStringLiteral("Long Answer")), MakeFrame(NoAnswer, QStringLiteral("No Answer"))};
     for (QGroupBox* frame : FrmAnswer_)
         column->addWidget(frame, frame == FrmAnswer_[LongBox] ? 1 : 0);
     column->addStretch(0);
@@ -37,6 +49,13 @@ AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(pa
     longAnswer_->setTabChangesFocus(true);
     longAnswer_->setMinimumHeight(8 * GridUnit);
     MakeBox(1, longAnswer_, QStringLiteral("Ctrl+Enter"));
+    MakeContinue();
+    const auto typed = [this](int index) {
+        if (!filling_)
+            Q_EMIT txtanswer_Change(index);
+    };
+    connect(shortAnswer_, &QLineEdit::textChanged, this, [typed] { typed(0); });
+    connect(longAnswer_, &QPlainTextEdit::textChanged, this, [typed] { typed(1); });
 }
 
 QGroupBox* AnswerPanel::MakeFrame(int index, const QString& caption) {
@@ -52,11 +71,9 @@ void AnswerPanel::MakeButtons(const AnswerSizes& sizes) {
     auto* column = new QVBoxLayout(content);
     SetRoom(*column, 0, 0);
     column->setSpacing(GridUnit / 4);
-    QFont font = this->font();
-    font.setPointSize(sizes.FontSize);
     for (int a = 1; a <= MaxAnswers; ++a) {
         auto* button = Named(new AnswerButton(a), QStringLiteral("Opt_%1").arg(a));
-        button->setFont(font);
+        button->installEventFilter(this);
         button->setMinimumHeight(sizes.ButtonHeight);
         button->hide();
         connect(button, &QPushButton::clicked, this, [this, a] { Q_EMIT Opt_Click(a); });
@@ -71,35 +88,116 @@ void AnswerPanel::MakeButtons(const AnswerSizes& sizes) {
 void AnswerPanel::MakeBox(int index, QWidget* box, const QString& key) {
     QGroupBox* frame = FrmAnswer_[static_cast<size_t>(index + 1)];
     Named(box, QStringLiteral("txtanswer_%1").arg(index));
-    box->setFont(ScaledFont(1.3));
     box->setAccessibleName(frame->title());
     box->setToolTip(key + QStringLiteral(" accepts the answer"));
     box->installEventFilter(this);
 
     auto* label = Named(new QPushButton(QStringLiteral("Click here to accept your answer")),
                         QStringLiteral("Label1_%1").arg(index));
-    label->setFont(BodyFont());
-    label->setMinimumSize(label->sizeHint().width() + 2 * GridUnit, 4 * GridUnit);
     label->setToolTip(key);
     connect(label, &QPushButton::clicked, this, [this, index] { Q_EMIT Label1_Click(index); });
     Label1_[static_cast<size_t>(index)] = label;
 
-    frame->layout()->addWidget(box);
-    frame->layout()->addWidget(label);
-    frame->layout()->setAlignment(label, Qt::AlignLeft);
+    auto* draft = Named(new QLabel(QStringLiteral("Not accepted yet")), QStringLiteral("LblDraft_%1").arg(index));
+    draft->setForegroundRole(QPalette::WindowText);
+    LblDraft_[static_cast<size_t>(index)] = draft;
+
+    auto* row = new WrappingRow;
+    row->addWidget(label);
+    row->addWidget(draft);
+    auto* column = static_cast<QVBoxLayout*>(frame->layout());
+    column->addWidget(box);
+    column->addLayout(row);
+}
+
+void AnswerPanel::MakeContinue() {
+    LblCannotAnswer_ = Named(new QLabel, QStringLiteral("LblCannotAnswer"));
+    LblCannotAnswer_->setWordWrap(true);
+    LblCannotAnswer_->setTextFormat(Qt::PlainText);
+    CmdContinue_ = Named(new QPushButton(QStringLiteral("&Continue")), QStringLiteral("CmdContinue"));
+    connect(CmdContinue_, &QPushButton::clicked, this, &AnswerPanel::CmdContinue_Click);
+    auto* row = new WrappingRow;
+    row->addWidget(CmdContinue_);
+    auto* column = static_cast<QVBoxLayout*>(FrmAnswer_[NoAnswer]->layout());
+    column->addWidget(LblCannotAnswer_);
+    column->addLayout(row);
+}
+
+void AnswerPanel::SetReadingSize(int percent) {
+    const double scale = percent / 100.0;
+    QFont answers = font();
+    answers.setPointSizeF(sizes_.FontSize * scale);
+    const QFont body = BodyFont();
+    if (QFontMetrics(answers).height() < QFontMetrics(body).height())
+        answers = QFontMetrics(ScaledFont(1.15 * scale)).height() < QFontMetrics(body).height()
+                      ? body
+                      : ScaledFont(1.15 * scale);
+    for (AnswerButton* button : Opt_) {
+        answers.setBold(button->Chosen());
+        button->setFont(answers);
+        button->updateGeometry();
+    }
+    shortAnswer_->setFont(ScaledFont(BoxScale * scale));
+    shortAnswer_->setMinimumHeight(qMax(5 * GridUnit, QFontMetrics(shortAnswer_->font()).height() + 2 * GridUnit));
+    longAnswer_->setFont(ScaledFont(BoxScale * scale));
+    for (QPushButton* button : {Label1_[0], Label1_[1], CmdContinue_}) {
+        button->setFont(ScaledFont(1.15 * scale));
+        const QFontMetrics metrics(button->font());
+        button->setMinimumSize(metrics.horizontalAdvance(button->text()) + 4 * GridUnit,
+                               qMax(4 * GridUnit, metrics.height() + GridUnit));
+    }
+    for (QLabel* label : {LblDraft_[0], LblDraft_[1], LblCannotAnswer_}) {
+        label->setFont(ScaledFont(1.15 * scale));
+        label->setMinimumHeight(label == LblCannotAnswer_ ? 0 : Label1_[0]->minimumHeight());
+    }
+}
+
+void AnswerPanel::ScrollByPage(int direction) {
+    QScrollBar& bar = *scroll_->verticalScrollBar();
+    bar.setValue(bar.value() + direction * bar.pageStep());
 }
 
 void AnswerPanel::Show(const Administration& course, const Session& session) {
-    const ResponseSet& responses = session.Responses;
+    spokenQuestion_ = course.FrameCaption() + QStringLiteral(": ") + course.PageText();
     if (course.ShowsMultichoice())
         ShowAnswers(course, session);
-    else if (course.ShowsShortAnswer())
-        shortAnswer_->setText(responses.ResponseText(course.CurrentQuestion()));
-    else if (course.ShowsLongAnswer())
-        longAnswer_->setPlainText(responses.ResponseText(course.CurrentQuestion()));
+    else if (course.ShowsShortAnswer() || course.ShowsLongAnswer())
+        ShowTyped(course, session);
+    LblCannotAnswer_->setText(course.CannotAnswer() +
+                              QStringLiteral(" 'Continue' goes on; the question counts as not answered."));
     FrmAnswer_[Buttons]->setVisible(course.ShowsMultichoice());
     FrmAnswer_[ShortBox]->setVisible(course.ShowsShortAnswer());
     FrmAnswer_[LongBox]->setVisible(course.ShowsLongAnswer());
+    FrmAnswer_[NoAnswer]->setVisible(!course.CannotAnswer().isEmpty());
+    if (QGroupBox* frame = ShownFrame())
+        frame->setAccessibleName(spokenQuestion_);
+}
+
+void AnswerPanel::ShowTyped(const Administration& course, const Session& session) {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    const QString& typed = ::TypedText(session.Responses, course.CurrentQuestion());
+    if (course.ShowsShortAnswer()) {
+        shortAnswer_->setText(typed);
+    } else if (TypedText(1) != typed) {
+        longAnswer_->setPlainText(typed);
+        longAnswer_->moveCursor(QTextCursor::End);
+    }
+    ShowDraft(course.ShowsDraft());
+}
+
+void AnswerPanel::ShowDraft(bool draft) {
+    for (QLabel* label : LblDraft_)
+        label->setVisible(draft);
+    const QString description = draft ? spokenQuestion_ + QStringLiteral(". Not accepted yet") : spokenQuestion_;
+    shortAnswer_->setAccessibleDescription(description);
+    longAnswer_->setAccessibleDescription(description);
+}
+
+QGroupBox* AnswerPanel::ShownFrame() const {
+    for (QGroupBox* frame : FrmAnswer_)
+        if (frame->isVisibleTo(this))
+            return frame;
+    return nullptr;
 }
 
 void AnswerPanel::ShowAnswers(const Administration& course, const Session& session) {
@@ -111,7 +209,7 @@ void AnswerPanel::ShowAnswers(const Administration& course, const Session& sessi
         if (offered) {
             button->SetAnswer(ChosenText(session.Test, q, a));
             button->SetChosen(a == session.Responses.ResponseChoice(q));
-            if (!first_ || button->font().bold())
+            if (!first_ || button->Chosen())
                 first_ = button;
         }
         button->setEnabled(offered);
@@ -121,12 +219,15 @@ void AnswerPanel::ShowAnswers(const Administration& course, const Session& sessi
 }
 
 bool AnswerPanel::TakeFocus() {
-    if (FrmAnswer_[Buttons]->isVisibleTo(this) && first_)
-        first_->TakeFirstFocus();
-    else if (FrmAnswer_[ShortBox]->isVisibleTo(this))
-        shortAnswer_->setFocus();
-    else if (FrmAnswer_[LongBox]->isVisibleTo(this))
-        longAnswer_->setFocus();
+    const QGroupBox* frame = ShownFrame();
+    if (frame == FrmAnswer_[Buttons] && first_)
+        first_->TakeFirstFocus(spokenQuestion_);
+    else if (frame == FrmAnswer_[ShortBox])
+        FocusAnew(*shortAnswer_);
+    else if (frame == FrmAnswer_[LongBox])
+        FocusAnew(*longAnswer_);
+    else if (frame == FrmAnswer_[NoAnswer])
+        FocusAnew(*CmdContinue_);
     else
         return false;
     return true;
@@ -143,6 +244,11 @@ QString AnswerPanel::TypedText(int i) const {
 
 // A key held down comes again and again, and would run through the questions behind this one.
 bool AnswerPanel::eventFilter(QObject* watched, QEvent* event) {
+    auto* answer = qobject_cast<AnswerButton*>(watched);
+    if (answer && event->type() == QEvent::FocusIn)
+        scroll_->ensureWidgetVisible(answer, 0, 0);
+    if (answer)
+        return QWidget::eventFilter(watched, event);
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto* key = static_cast<const QKeyEvent*>(event);

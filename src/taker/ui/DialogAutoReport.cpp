@@ -82,8 +82,8 @@ void DialogAutoReport::Command1_Click() {
 }
 
 void DialogAutoReport::CMDOK_Click() {
-    form_.Accept(Text1_->text(), ChkReportOptions_.Ticks());
-    accept();
+    if (form_.Accept(Text1_->text(), ChkReportOptions_.Ticks()))
+        accept();
 }
 
 void DialogAutoReport::CancelButton_Click() { reject(); }

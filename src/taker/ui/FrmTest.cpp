@@ -6,14 +6,19 @@
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
 #include "taker/AutoReportFlow.h"
+#include "taker/Leaving.h"
 #include "taker/ui/DialogAutoReport.h"
+#include "taker/ui/Mnemonics.h"
+#include "taker/ui/WrappingRow.h"
 #include "taker/ui/frmOptionsTest.h"
 
+#include <QAbstractScrollArea>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QShortcut>
+#include <QWheelEvent>
 
 namespace {
 
@@ -43,7 +48,8 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
       parts_(parts),
       sizes_(AnswerSizesFor(SummaryOf(parts.TheSession.Test).LongestAnswerLength,
                             SummaryOf(parts.TheSession.Test).MaxAnswerCount)),
-      course_(parts.TheSession) {
+      course_(parts.TheSession),
+      readingSize_(parts.Store) {
     setObjectName(QStringLiteral("FrmTest"));
     menus_ = new TestMenus(*menuBar());
     ConnectMenus();
@@ -52,12 +58,9 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
     answers_ = new AnswerPanel(sizes_);
     connect(answers_, &AnswerPanel::Opt_Click, this, &FrmTest::Opt_Click);
     connect(answers_, &AnswerPanel::Label1_Click, this, &FrmTest::Label1_Click);
-    LblStatus_ = Named(new QLabel, QStringLiteral("LblStatus"));
-    LblStatus_->setWordWrap(true);
-    LblStatus_->setTextFormat(Qt::PlainText);
-    LblStatus_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    LblStatus_->setAccessibleName(QStringLiteral("Status"));
-    LblStatus_->hide();
+    connect(answers_, &AnswerPanel::txtanswer_Change, this, &FrmTest::txtanswer_Change);
+    connect(answers_, &AnswerPanel::CmdContinue_Click, this, &FrmTest::CmdContinue_Click);
+    LblStatus_ = new StatusLine;
 
     auto* background = new GradientBackground;
     auto* column = new QVBoxLayout(background);
@@ -68,6 +71,10 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
     column->addLayout(MakeButtonRow());
     column->addWidget(LblStatus_);
     setCentralWidget(background);
+    // These would take the wheel for themselves.
+    for (auto* area : background->findChildren<QAbstractScrollArea*>())
+        area->viewport()->installEventFilter(this);
+    ApplyReadingSize();
     Form_Load();
 }
 
@@ -75,6 +82,7 @@ void FrmTest::Form_Load() {
     const TestDocument& test = parts_.TheSession.Test;
     course_.SetSpreadsheetInstalled(parts_.TheOfficeProbe.ApplicationInstalled(SpreadsheetKey, QString()));
     menus_->SetOptionsVisible(course_.MenusVisible());
+    menus_->OfferTexts(!test.TestIntroduction.isEmpty(), !test.TestInstructions.isEmpty());
     setWindowTitle(test.TestTitle);
     ShowPage();
 
@@ -88,8 +96,6 @@ QWidget* FrmTest::MakeQuestionFrame() {
     framequest_ = Named(new QGroupBox, QStringLiteral("framequest"));
     TxtQuest_ = Named(new QuestionWindow(sizes_.QuestionHeight), QStringLiteral("TxtQuest"));
     CmdBegin_ = MakeButton(QStringLiteral("CmdBegin"), QString(), &FrmTest::CmdBegin_Click);
-    CmdBegin_->setFont(ScaledFont(1.3));
-    CmdBegin_->setMinimumSize(20 * GridUnit, 5 * GridUnit);
     auto* column = new QVBoxLayout(framequest_);
     SetRoom(*column, 1, 1);
     column->addWidget(TxtQuest_);
@@ -98,8 +104,7 @@ QWidget* FrmTest::MakeQuestionFrame() {
 }
 
 QLayout* FrmTest::MakeButtonRow() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(GridUnit);
+    auto* row = new WrappingRow;
     CmdBack_ = MakeButton(QStringLiteral("CmdBack"), QStringLiteral("&Back"), &FrmTest::CmdBack_Click);
     CmdForward_ = MakeButton(QStringLiteral("CmdForward"), QStringLiteral("&Forward"), &FrmTest::CmdForward_Click);
     auto_ = MakeButton(QStringLiteral("auto"), QStringLiteral("&Auto-Report"), &FrmTest::auto_Click);
@@ -110,7 +115,7 @@ QLayout* FrmTest::MakeButtonRow() {
         row->addWidget(button);
     new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this, [this] { ClickIfSeen(*CmdBack_); });
     new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Right), this, [this] { ClickIfSeen(*CmdForward_); });
-    row->addStretch(1);
+    row->AddGap();
     for (QPushButton* button : {auto_, CmdExport_, CmdReport_, CmdQuit_})
         row->addWidget(button);
     return row;
@@ -118,8 +123,6 @@ QLayout* FrmTest::MakeButtonRow() {
 
 QPushButton* FrmTest::MakeButton(const QString& name, const QString& caption, void (FrmTest::*handler)()) {
     auto* button = Named(new QPushButton(caption), name);
-    // The style's own least width would make the row too wide for a small screen.
-    button->setMinimumSize(button->fontMetrics().horizontalAdvance(caption) + 2 * GridUnit, 4 * GridUnit);
     connect(button, &QPushButton::clicked, this, handler);
     return button;
 }
@@ -131,6 +134,8 @@ void FrmTest::ConnectMenus() {
     connect(menus_, &TestMenus::edittest_Click, this, &FrmTest::edittest_Click);
     connect(menus_, &TestMenus::mnutestshow_Click, this, &FrmTest::mnutestshow_Click);
     connect(menus_, &TestMenus::mnut_Click, this, &FrmTest::mnut_Click);
+    connect(menus_, &TestMenus::mnusize_Click, this, &FrmTest::ChangeReadingSize);
+    addActions(menus_->SizeItems());
     connect(menus_, &TestMenus::mnuclient_Click, this,
             [&navigator] { navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator")); });
     connect(menus_, &TestMenus::mnugeneraloptions_Click, this, [&navigator] { navigator.ShowGeneralOptions(); });
@@ -170,6 +175,7 @@ void FrmTest::ShowPage() {
     answers_->setVisible(question);
     answers_->Show(course_, parts_.TheSession);
     ShowButtons();
+    ShowStatus();
     if (course_.BeginVisible())
         CmdBegin_->setFocus();
     else if (!answers_->TakeFocus())
@@ -177,13 +183,19 @@ void FrmTest::ShowPage() {
 }
 
 void FrmTest::ShowButtons() {
-    CmdBegin_->setText(course_.BeginCaption());
     CmdBegin_->setVisible(course_.BeginVisible());
     CmdBack_->setVisible(course_.BackVisible());
     CmdForward_->setVisible(course_.ForwardVisible());
     auto_->setVisible(course_.AutoReportVisible());
     CmdExport_->setVisible(course_.ExportVisible());
     CmdReport_->setVisible(course_.ReportVisible());
+    GiveCaptions(*menuBar(), {{CmdBegin_, {course_.BeginCaption()}},
+                              {CmdBack_, {QStringLiteral("&Back"), QStringLiteral("Bac&k")}},
+                              {CmdForward_, {QStringLiteral("&Forward"), QStringLiteral("For&ward")}},
+                              {auto_, {QStringLiteral("&Auto-Report")}},
+                              {CmdExport_, {QStringLiteral("&Export")}},
+                              {CmdReport_, {QStringLiteral("&Report"), QStringLiteral("Re&port")}},
+                              {CmdQuit_, {QStringLiteral("&Quit")}}});
 }
 
 void FrmTest::Opt_Click(int index) {
@@ -195,6 +207,16 @@ void FrmTest::Opt_Click(int index) {
 
 void FrmTest::Label1_Click(int index) {
     Step([&] { course_.AcceptText(answers_->TypedText(index)); });
+    RunCompletion();
+}
+
+void FrmTest::txtanswer_Change(int index) {
+    course_.TakeDraft(answers_->TypedText(index));
+    answers_->ShowDraft(course_.ShowsDraft());
+}
+
+void FrmTest::CmdContinue_Click() {
+    Step([this] { course_.Continue(); });
     RunCompletion();
 }
 
@@ -233,6 +255,8 @@ void FrmTest::keyPressEvent(QKeyEvent* event) {
         const auto* answerButton = dynamic_cast<AnswerButton*>(button);
         if (!answerButton || answerButton->TakesReturn())
             button->click();
+    } else if (event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp) {
+        answers_->ScrollByPage(event->key() == Qt::Key_PageDown ? 1 : -1);
     } else {
         QMainWindow::keyPressEvent(event);
     }
@@ -241,6 +265,10 @@ void FrmTest::keyPressEvent(QKeyEvent* event) {
 // Reports and leaving
 
 void FrmTest::RunCompletion() {
+    if (course_.WaitsForDecision()) {
+        const DraftsDecision decision = AskAboutDrafts(parts_.TheSession, parts_.ThePrompts);
+        Step([&] { course_.Decide(decision); });
+    }
     if (course_.Page() != TestPage::Completed)
         return;
     if (course_.WantsSpreadsheetExport())
@@ -250,6 +278,7 @@ void FrmTest::RunCompletion() {
         });
     if (course_.WantsAutoReport())
         RunAutoReport();
+    ShowStatus();
 }
 
 void FrmTest::auto_Click() {
@@ -267,6 +296,7 @@ void FrmTest::RunAutoReport() {
         if (const Result outcome = flow.Run(ask); !outcome)
             AddToStatus(outcome.Message());
     });
+    ShowStatus();
 }
 
 void FrmTest::CmdReport_Click() {
@@ -286,26 +316,35 @@ void FrmTest::CmdExport_Click() {
         if (const Result exported = Exported(); !exported)
             parts_.ThePrompts.Inform(exported.Message());
     });
+    ShowStatus();
 }
 
 Result FrmTest::Exported() {
-    return parts_.Exporter ? parts_.Exporter->Export(parts_.TheSession) : Result::Failed(NoSpreadsheetExport);
+    return parts_.Exporter ? ExportResults(*parts_.Exporter, parts_.TheSession) : Result::Failed(NoSpreadsheetExport);
 }
 
+void FrmTest::ShowStatus() { LblStatus_->Show(failures_ + FilingLines(parts_.TheSession)); }
+
 void FrmTest::AddToStatus(const QString& text) {
-    const QString before = LblStatus_->text();
-    if (before.contains(text))
-        return;
-    LblStatus_->setText(before.isEmpty() ? text : before + u'\n' + text);
-    LblStatus_->show();
+    if (!failures_.contains(text))
+        failures_ += text;
 }
 
 void FrmTest::ClearStatus() {
-    LblStatus_->clear();
-    LblStatus_->hide();
+    failures_.clear();
+    ShowStatus();
+}
+
+bool FrmTest::MayLeave() {
+    const LeaveAnswer answer = AskToLeave(parts_.TheSession, parts_.ThePrompts);
+    if (answer == LeaveAnswer::MakeReport)
+        CmdReport_Click();
+    return answer == LeaveAnswer::Leave;
 }
 
 void FrmTest::mnuNew_Click() {
+    if (!MayLeave())
+        return;
     const QPointer<FrmTest> alive(this);
     leaving_ = true;
     if (!parts_.TheNavigator.CloseAllAndShowStartScreen() && alive)
@@ -313,6 +352,8 @@ void FrmTest::mnuNew_Click() {
 }
 
 void FrmTest::edittest_Click() {
+    if (!MayLeave())
+        return;
     leaving_ = parts_.TheNavigator.EditTest();
     if (leaving_)
         close();
@@ -322,8 +363,51 @@ void FrmTest::mnut_Click() { frmOptionsTest(parts_.TheSession.Test, parts_.TheNa
 
 // Whoever closes the window on the way to somewhere else has said so.
 void FrmTest::closeEvent(QCloseEvent* event) {
+    if (!leaving_ && !MayLeave())
+        return event->ignore();
     if (!leaving_)
         parts_.TheNavigator.ShowStartScreen();
     leaving_ = true;
     QMainWindow::closeEvent(event);
+}
+
+// The size of what is read
+
+void FrmTest::ChangeReadingSize(int direction) {
+    if (direction == 0)
+        readingSize_.Reset();
+    else
+        readingSize_.Step(direction);
+    ApplyReadingSize();
+}
+
+void FrmTest::ApplyReadingSize() {
+    const double scale = readingSize_.Percent() / 100.0;
+    centralWidget()->setFont(ScaledFont(scale));
+    TxtQuest_->setFont(ScaledFont(1.5 * scale));
+    CmdBegin_->setFont(ScaledFont(1.3 * scale));
+    answers_->SetReadingSize(readingSize_.Percent());
+    for (QPushButton* button : {CmdBegin_, CmdBack_, CmdForward_, auto_, CmdExport_, CmdReport_, CmdQuit_}) {
+        // The style's own least width would make the row too wide for a small screen.
+        const QFontMetrics metrics(button->font());
+        const bool begins = button == CmdBegin_;
+        button->setMinimumSize(begins ? 20 * GridUnit : metrics.horizontalAdvance(button->text()) + 2 * GridUnit,
+                               qMax((begins ? 5 : 4) * GridUnit, metrics.height() + GridUnit));
+    }
+    TxtQuest_->updateGeometry();
+}
+
+void FrmTest::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier))
+        return QMainWindow::wheelEvent(event);
+    if (const int turned = event->angleDelta().y(); turned != 0)
+        ChangeReadingSize(turned > 0 ? 1 : -1);
+    event->accept();
+}
+
+bool FrmTest::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Wheel || !static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier))
+        return QMainWindow::eventFilter(watched, event);
+    wheelEvent(static_cast<QWheelEvent*>(event));
+    return true;
 }

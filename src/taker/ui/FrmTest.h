@@ -8,13 +8,14 @@
 #include "platform/Prompts.h"
 #include "taker/Administration.h"
 #include "taker/AnswerSizes.h"
+#include "taker/ReadingSize.h"
 #include "taker/SpreadsheetExporter.h"
 #include "taker/ui/AnswerPanel.h"
 #include "taker/ui/QuestionWindow.h"
+#include "taker/ui/StatusLine.h"
 #include "taker/ui/TestMenus.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
 
@@ -30,10 +31,13 @@ struct TestWindowParts {
     const OfficeProbe& TheOfficeProbe;
     Navigator& TheNavigator;
     SpreadsheetExporter* Exporter = nullptr;
+    /// Keeps the size of the text; without it every window begins with the usual one.
+    SettingsStore* Store = nullptr;
 };
 
 /// The test window: gives the session's test, which must have a question, to the client. Making one starts a new
-/// administration. Closing it from its title bar shows the start screen.
+/// administration. Closing it from its title bar shows the start screen. However it is left, it asks first where
+/// answers or results would be lost.
 class FrmTest : public QMainWindow {
     Q_OBJECT
 
@@ -46,6 +50,8 @@ class FrmTest : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Form_Load();
@@ -56,6 +62,8 @@ class FrmTest : public QMainWindow {
 
     void Opt_Click(int index);
     void Label1_Click(int index);
+    void txtanswer_Change(int index);
+    void CmdContinue_Click();
     void CmdBegin_Click();
     void CmdBack_Click();
     void CmdForward_Click();
@@ -74,13 +82,21 @@ class FrmTest : public QMainWindow {
     void RunCompletion();
     void RunAutoReport();
     Result Exported();
+    /// Whether the window may be left: nothing would be lost, or the person said so.
+    bool MayLeave();
+    /// Shows what failed, and what is in which file.
+    void ShowStatus();
     void AddToStatus(const QString& text);
     void ClearStatus();
+    void ChangeReadingSize(int direction);
+    void ApplyReadingSize();
 
     TestWindowParts parts_;
     AnswerSizes sizes_;
     Administration course_;
     bool leaving_ = false;
+    ReadingSize readingSize_;
+    QStringList failures_;
 
     TestMenus* menus_ = nullptr;
     QGroupBox* framequest_ = nullptr;
@@ -93,5 +109,5 @@ class FrmTest : public QMainWindow {
     QPushButton* CmdExport_ = nullptr;
     QPushButton* CmdReport_ = nullptr;
     QPushButton* CmdQuit_ = nullptr;
-    QLabel* LblStatus_ = nullptr;
+    StatusLine* LblStatus_ = nullptr;
 };

@@ -43,6 +43,27 @@ void TestMenus::FillOptionsMenu() {
     AddItem(*mnuOptions_, QStringLiteral("mnugeneraloptions"), QStringLiteral("&General Options"),
             &TestMenus::mnugeneraloptions_Click);
     AddItem(*mnuOptions_, QStringLiteral("mnut"), QStringLiteral("&Test Options"), &TestMenus::mnut_Click);
+    mnuOptions_->addSeparator();
+    Larger_ = MakeSizeItem(QStringLiteral("mnularger"), QStringLiteral("&Larger Text"), 1,
+                           {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    Smaller_ = MakeSizeItem(QStringLiteral("mnusmaller"), QStringLiteral("&Smaller Text"), -1,
+                            {QKeySequence(Qt::CTRL | Qt::Key_Minus)});
+    Usual_ = MakeSizeItem(QStringLiteral("mnuusual"), QStringLiteral("&Usual Size"), 0,
+                          {QKeySequence(Qt::CTRL | Qt::Key_0)});
+}
+
+QAction* TestMenus::MakeSizeItem(const QString& name, const QString& caption, int direction,
+                                 const QList<QKeySequence>& keys) {
+    QAction* item = MakeItem(*mnuOptions_, name, caption);
+    item->setShortcuts(keys);
+    connect(item, &QAction::triggered, this, [this, direction] { Q_EMIT mnusize_Click(direction); });
+    return item;
+}
+
+void TestMenus::OfferTexts(bool introduction, bool instructions) {
+    const QList<QAction*> items = mnuint_->actions();
+    items[0]->setVisible(introduction);
+    items[1]->setVisible(instructions);
 }
 
 void TestMenus::FillHelpMenu() {

@@ -11,6 +11,11 @@ class TestMenus : public QObject {
   public:
     explicit TestMenus(QMenuBar& bar);
 
+    /// Offers only what the test has.
+    void OfferTexts(bool introduction, bool instructions);
+    /// The items that change the size of what a client reads; their keys work while the menus are hidden, too.
+    QList<QAction*> SizeItems() const { return {Larger_, Smaller_, Usual_}; }
+
     /// The menus by which the client could leave the test or change its options.
     void SetOptionsVisible(bool visible);
 
@@ -23,6 +28,8 @@ class TestMenus : public QObject {
     void mnuclient_Click();
     void mnugeneraloptions_Click();
     void mnut_Click();
+    /// 1 larger, -1 smaller, 0 the usual size
+    void mnusize_Click(int direction);
     void hlpy_Click();
     void mnuhelpabout_Click();
 
@@ -37,6 +44,11 @@ class TestMenus : public QObject {
     void FillOptionsMenu();
     void FillHelpMenu();
 
+    QAction* MakeSizeItem(const QString& name, const QString& caption, int direction, const QList<QKeySequence>& keys);
+
+    QAction* Larger_ = nullptr;
+    QAction* Smaller_ = nullptr;
+    QAction* Usual_ = nullptr;
     QMenu* mnutest_ = nullptr;
     QMenu* mnuint_ = nullptr;
     QMenu* mnuOptions_ = nullptr;

@@ -1,0 +1,147 @@
+#include "taker/Leaving.h"
+
+#include "taker/Answers.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace {
+
+const QString LeaveTitle = QStringLiteral("Leave the Test");
+
+bool InReportFile(const Session& session) {
+    return !session.Filed.ReportPath.isEmpty() && session.Filed.Report.SameAnswers(session.Responses);
+}
+
+bool InWorkbook(const Session& session) {
+    return !session.SpreadsheetFilePath.isEmpty() && session.Filed.Workbook.SameAnswers(session.Responses);
+}
+
+bool OnScreen(const Session& session) {
+    return session.Filed.Shown && session.Filed.Shown->SameAnswers(session.Responses);
+}
+
+QString DraftsSentence(const Session& session) {
+    return QStringLiteral("The text typed for ") + QuestionsWithDrafts(session.Responses) +
+           QStringLiteral(" was not accepted and would be lost.");
+}
+
+QString WhatWouldBeLost(const Session& session, LeavingLoses loses) {
+    const ResponseSet& responses = session.Responses;
+    const QString drafts = responses.Drafts.empty() ? QString() : u'\n' + DraftsSentence(session);
+    switch (loses) {
+    case LeavingLoses::Nothing:
+        return {};
+    case LeavingLoses::Drafts:
+        return DraftsSentence(session);
+    case LeavingLoses::Answers:
+        return QStringLiteral(
+                   "This test is not completed. If you leave it now, the answers given so far (%1 of %2) are "
+                   "lost.")
+                   .arg(AnsweredCount(session.Test, responses))
+                   .arg(session.Test.QuestionCount) +
+               drafts;
+    case LeavingLoses::Result:
+        break;
+    }
+    const QString earlier = session.Filed.ReportPath.isEmpty() ? session.SpreadsheetFilePath : session.Filed.ReportPath;
+    return (earlier.isEmpty() ? QStringLiteral("The answers to this test are in no report and in no workbook. If you "
+                                               "leave it now, they are lost.")
+                              : QStringLiteral("Answers were changed after they were saved in '") + earlier +
+                                    QStringLiteral("'. If you leave the test now, the changes are lost.")) +
+           drafts;
+}
+
+} // namespace
+
+QStringList FilingLines(const Session& session) {
+    QStringList lines;
+    const FiledAnswers& filed = session.Filed;
+    const bool buttons = !session.Test.TestOption(DisableAllOptions);
+    if (InReportFile(session))
+        lines += QStringLiteral("The report was saved in '") + filed.ReportPath + u'\'';
+    else if (!filed.ReportPath.isEmpty())
+        lines += QStringLiteral("The report in '") + filed.ReportPath + QStringLiteral("' holds earlier answers.") +
+                 (buttons ? QStringLiteral(" 'Auto-Report' writes a new one.") : QString());
+    if (InWorkbook(session))
+        lines += QStringLiteral("The results were added to '") + session.SpreadsheetFilePath + u'\'';
+    else if (!session.SpreadsheetFilePath.isEmpty())
+        lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath +
+                 QStringLiteral("' holds earlier answers.") +
+                 (buttons ? QStringLiteral(" 'Export' adds a new one.") : QString());
+    return lines;
+}
+
+Result ExportResults(SpreadsheetExporter& exporter, Session& session) {
+    const QString earlier = std::exchange(session.SpreadsheetFilePath, QString());
+    const auto noted = qScopeGuard([&] {
+        if (session.SpreadsheetFilePath.isEmpty())
+            session.SpreadsheetFilePath = earlier;
+        else
+            session.Filed.Workbook = session.Responses;
+    });
+    return exporter.Export(session);
+}
+
+LeavingLoses WhatLeavingLoses(const Session& session) {
+    const ResponseSet& responses = session.Responses;
+    const bool answers = AnsweredCount(session.Test, responses) > 0;
+    if (!responses.TestCompleted)
+        return answers || !responses.Drafts.empty() ? LeavingLoses::Answers : LeavingLoses::Nothing;
+    if (answers && !InReportFile(session) && !InWorkbook(session) && !OnScreen(session))
+        return LeavingLoses::Result;
+    return responses.Drafts.empty() ? LeavingLoses::Nothing : LeavingLoses::Drafts;
+}
+
+LeaveAnswer AskToLeave(const Session& session, Prompts& prompts) {
+    const LeavingLoses loses = WhatLeavingLoses(session);
+    if (loses == LeavingLoses::Nothing)
+        return LeaveAnswer::Leave;
+    ChoicePrompt prompt{
+        WhatWouldBeLost(session, loses),
+        {{QStringLiteral("&Discard"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+        1,
+        1,
+        LeaveTitle};
+    if (loses == LeavingLoses::Result)
+        prompt.Choices.push_back({QStringLiteral("&Make Report"), ChoiceRole::Accept});
+    switch (prompts.Choose(prompt)) {
+    case 0:
+        return LeaveAnswer::Leave;
+    case 2:
+        return LeaveAnswer::MakeReport;
+    default:
+        return LeaveAnswer::Stay;
+    }
+}
+
+bool AskToEndProgram(const Session& session, Prompts& prompts) {
+    if (AnsweredCount(session.Test, session.Responses) == 0 || InReportFile(session) || InWorkbook(session))
+        return true;
+    return prompts.Choose(
+               {QStringLiteral("The report on the screen is not saved. If Vellumo ends now, it is lost, and "
+                               "the answers with it."),
+                {{QStringLiteral("&Discard"), ChoiceRole::Discard}, {QStringLiteral("&Cancel"), ChoiceRole::Reject}},
+                1,
+                1}) == 0;
+}
+
+DraftsDecision AskAboutDrafts(const Session& session, Prompts& prompts) {
+    const QString questions = QuestionsWithDrafts(session.Responses);
+    constexpr DraftsDecision decisions[] = {DraftsDecision::Accept, DraftsDecision::GoBack, DraftsDecision::Leave};
+    const int chosen = prompts.Choose(
+        {QStringLiteral("What was typed for ") + questions +
+             QStringLiteral(
+                 " was not accepted, so it doesn't count as an answer.\n\n'Accept' makes it count. 'Go Back' "
+                 "shows question ") +
+             QString::number(session.Responses.Drafts.begin()->first) +
+             QStringLiteral(". 'Leave It' completes the test without it; an answer accepted earlier counts."),
+         {{QStringLiteral("&Accept"), ChoiceRole::Accept},
+          {QStringLiteral("&Go Back"), ChoiceRole::Reject},
+          {QStringLiteral("&Leave It"), ChoiceRole::Discard}},
+         0,
+         1,
+         QStringLiteral("Typed, but Not Accepted")});
+    return decisions[chosen];
+}
