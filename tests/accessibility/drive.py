@@ -130,7 +130,7 @@ class Drive:
             equal(box.text, path)
             dialog.find('push button', 'OK').act()
             self.program.gone('Auto Report')
-        impossible = '/proc/nowhere/report.txt'
+        impossible = '/proc/report.txt'
         automatic_report(impossible)
         # The line that says why; its text is its name or its content.
         until('the reason', lambda: any(impossible in one.name for one in window.all()))
