@@ -55,7 +55,16 @@ class Control:
         names = [actions.getName(i) for i in range(actions.nActions)]
         own = [name for name in names if name != 'SetFocus']
         assert own, f'{self.role} "{self.name}" offers no action'
+        name = self.name
         actions.doAction(names.index(own[0]))
+        # A button is seen to be pressed for a moment before it does anything.
+        until(f'the release of "{name}"', self.released)
+
+    def released(self):
+        try:
+            return not self.has(pyatspi.STATE_PRESSED)
+        except (RuntimeError, LookupError):  # gone with its window
+            return True
 
     def around(self):
         """What holds it, from the inside out."""
@@ -112,7 +121,10 @@ class Program:
                 and one.getState().contains(pyatspi.STATE_SHOWING)]
 
     def window(self, title):
-        return until(f'window "{title}"', lambda: self.windows(title))[0]
+        try:
+            return until(f'window "{title}"', lambda: self.windows(title))[0]
+        except AssertionError as failure:
+            raise AssertionError(f'{failure}; there are {[(one.getRoleName(), one.name) for one in self.root]}') from failure
 
     def gone(self, title):
         until(f'the end of window "{title}"', lambda: not self.windows(title))

@@ -133,7 +133,7 @@ void TestFrmEdit::Window_New_HasItsCaptionsInOrder() {
                                u"&Paste"_s,
                                u"MnuEditSeperator1"_s,
                                u"C&hange Font"_s,
-                               u"&Paste into Word document"_s};
+                               u"Paste into &Word document"_s};
     QCOMPARE(captions, expected);
 }
 

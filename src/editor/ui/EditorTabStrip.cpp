@@ -1,10 +1,13 @@
 #include "editor/ui/EditorTabStrip.h"
 
+#include "editor/ui/EditorTabAccess.h"
+
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyleOptionTab>
 
 EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabBar(parent) {
+    UseEditorTabAccess();
     setExpanding(false);
     setUsesScrollButtons(true);
     setElideMode(Qt::ElideNone);

@@ -18,6 +18,8 @@ class EditorTabStrip : public QTabBar {
     /// The tab behind the one last chosen (step 1) or before it (-1), round the ends; the first or last one where none
     /// was chosen yet.
     int NextTab(int step) const;
+    /// Whether that page is shown.
+    bool IsChosen(int index) const { return !noneChosen_ && index == currentIndex(); }
     /// As a click on the tab, the current one included.
     void Choose(int index);
 

@@ -85,7 +85,7 @@ void frmEdit::MakeEditMenu() {
     MnuEditPaste = AddItem(menu, QStringLiteral("MnuEditPaste"), QStringLiteral("&Paste"), QKeySequence::Paste);
     AddSeparator(menu, QStringLiteral("MnuEditSeperator1"));
     MnuEditFont = AddItem(menu, QStringLiteral("MnuEditFont"), QStringLiteral("C&hange Font"));
-    pasteword = AddItem(menu, QStringLiteral("pasteword"), QStringLiteral("&Paste into Word document"));
+    pasteword = AddItem(menu, QStringLiteral("pasteword"), QStringLiteral("Paste into &Word document"));
 
     connect(MnuEditCut, &QAction::triggered, this, &frmEdit::MnuEditCut_Click);
     connect(MnuEditCopy, &QAction::triggered, this, &frmEdit::MnuEditCopy_Click);
