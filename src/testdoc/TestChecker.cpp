@@ -43,6 +43,33 @@ bool IsPath(TestPlace::Kind kind) {
            kind == TestPlace::ExcelFileName || kind == TestPlace::AutosaveFileName;
 }
 
+/// Whether nothing but names could come into a report of the test, nor anything into a workbook.
+bool ResultsGoNowhere(const TestDocument& test) {
+    const TestSummary summary = SummaryOf(test);
+    const auto shown = [&](Option option) {
+        switch (option) {
+        case PromptClientName:
+        case PromptTesterName:
+            return false;
+        case ReportSubscales:
+        case ReportAnalysis:
+            return test.SubscaleCount > 0;
+        case ReportShortAnswers:
+            return summary.HasShortAnswer;
+        case ReportLongAnswers:
+            return summary.HasLongAnswer;
+        default:
+            return true;
+        }
+    };
+    bool somewhere = test.TotalRangeCount > 0;
+    for (int i = ReportTitle; i <= ReportLongAnswers; ++i)
+        somewhere = somewhere || (test.TestOption(i) && shown(static_cast<Option>(i)));
+    for (int i = IncludeMultichoiceAnswersInExcel; i <= IncludeTotalScoreInExcel; ++i)
+        somewhere = somewhere || test.TestOption(i);
+    return !somewhere;
+}
+
 class DocumentChecker {
   public:
     explicit DocumentChecker(const TestDocument& test) : test_(test), scores_(ScoresOfScales(test)) {}
@@ -96,6 +123,10 @@ void DocumentChecker::CheckWhole() {
         findings_.push_back(
             MakeFinding(Severity::Error, {}, test_,
                         QStringLiteral("The test '") + test_.TestTitle + QStringLiteral("' has no questions.")));
+    else if (ResultsGoNowhere(test_))
+        Warn({},
+             QStringLiteral("the report would be empty: none of its parts is set in the options, and the total has no "
+                            "ranges"));
     const ScaleScores& total = scores_.front();
     if (total.WithGaps.Highest() > 32767 || total.WithGaps.Lowest() < -32768)
         Warn({},

@@ -96,6 +96,9 @@ class tst_checker : public QObject {
         row("quote in the title", "[TITLE]A \"T\"[/TITLE]" + Question, "title @1:1 the text contains a double quote");
         row("backslash", Title + "[Q]a\\[A]x[v=1][/A][/Q]", "the text contains a backslash");
         row("line break in a question", Title + "[Q]a<P>b[A]x[v=1][/A][/Q]", "the text contains a line break");
+        row("report of nothing", Title + Question, " @0:0 the report would be empty: none of its parts is set");
+        row("report of names", Title + Question + "[PROMPT CLIENT NAME][REPORT SHORT ANSWERS][REPORT ANALYSIS]",
+            "the report would be empty");
         row("no title", Question, " @0:0 the test has no title");
         row("stray text", Title + "Remember me!\r\n" + Question,
             " @2:1 the text 'Remember me!' stands outside of all elements and is not read");

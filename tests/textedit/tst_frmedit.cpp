@@ -65,13 +65,11 @@ class TestFrmEdit : public QObject {
 
   private Q_SLOTS:
     void Window_New_HasItsCaptionsInOrder();
-    void Close_UntouchedWindow_AsksNothing();
     void Close_OneCharacterTypedAndCancel_StaysOpen();
     void Close_Declined_ClosesWithoutWriting();
     void Close_AcceptedOnNewDocument_RunsSaveAs();
     void Close_SaveAsCancelled_StaysOpenWithText();
     void Close_SaveFails_StaysOpenWithText();
-    void Close_AfterSaveAs_AsksNothing();
     void Close_ReportNeverSaved_Asks();
     void Close_TextToRead_AsksOnlyWhileItDiffers();
     void Close_FileJustOpened_AsksNothing();
@@ -137,11 +135,6 @@ void TestFrmEdit::Window_New_HasItsCaptionsInOrder() {
     QCOMPARE(captions, expected);
 }
 
-void TestFrmEdit::Close_UntouchedWindow_AsksNothing() {
-    Desk desk;
-    QVERIFY(desk.Window->close());
-}
-
 void TestFrmEdit::Close_OneCharacterTypedAndCancel_StaysOpen() {
     Desk desk;
     Type(*desk.Window->txtEdit, u"x"_s);
@@ -191,15 +184,6 @@ void TestFrmEdit::Close_SaveFails_StaysOpenWithText() {
     QCOMPARE(desk.Text(), u"x"_s);
     QVERIFY(desk.Window->isWindowModified());
     QCOMPARE(desk.Window->Caption(), u"New - Document"_s);
-}
-
-void TestFrmEdit::Close_AfterSaveAs_AsksNothing() {
-    Desk desk;
-    Type(*desk.Window->txtEdit, u"x"_s);
-    desk.SaveAs(u"report.txt"_s);
-    QCOMPARE(desk.Window->Caption(), u"report.txt"_s);
-    QVERIFY(!desk.Window->isWindowModified());
-    QVERIFY(desk.Window->close());
 }
 
 void TestFrmEdit::Close_ReportNeverSaved_Asks() {
