@@ -482,6 +482,8 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState_data() {
                                    << false;
     QTest::newRow("can't save") << "Save" << 70 << false << "Error 70 : Failed to save Excel File - why"
                                 << Steps + Data + QStringLiteral("Save Visible UserControl </>") << false;
+    QTest::newRow("saved, but") << "Save" << 464 << false << "why" << Steps + Data + QStringLiteral("Save </> Quit")
+                                << true;
     QTest::newRow("held by another Vellumo")
         << "Open" << 463 << false << "why" << Steps + QStringLiteral("</>") << false;
 }
@@ -499,7 +501,7 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
     QVERIFY(exporting.Run());
     QTEST(exporting.Calls(), "calls");
     QTEST(exporting.session.SpreadsheetExported, "exported");
-    QCOMPARE(exporting.session.SpreadsheetFilePath, QString());
+    QCOMPARE(exporting.session.SpreadsheetFilePath.isEmpty(), !exporting.session.SpreadsheetExported);
 }
 
 void tst_spreadsheetexport::Export_OpenAfterwards_LeftVisible() {
