@@ -112,7 +112,8 @@ void AppendBesideFormulas(benchmark::State& state) {
     QByteArray rows = "<worksheet><sheetData>";
     for (int row = 1; row <= state.range(0); ++row) {
         const QByteArray number = QByteArray::number(row);
-        rows += "<row r=\"" + number + "\"><c r=\"AA" + number + "\"><f>INDIRECT(\"B" + number + "\")</f><v>1</v></c></row>";
+        rows += "<row r=\"" + number + "\"><c r=\"AA" + number + "\"><f>INDIRECT(\"B" + number +
+                "\")</f><v>1</v></c></row>";
     }
     ZipPackage package(NewWorkbookBytes());
     package.Put(QStringLiteral("xl/worksheets/sheet1.xml"), rows + "</sheetData></worksheet>");

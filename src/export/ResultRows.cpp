@@ -6,9 +6,8 @@ using Kind = ResultColumn::Kind;
 
 std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q, ResultColumns which) {
     const auto column = [&](Option option, Kind kind) {
-        return which == ResultColumns::Possible || test.TestOption(option)
-                   ? std::optional<ResultColumn>({kind, q, {}})
-                   : std::nullopt;
+        return which == ResultColumns::Possible || test.TestOption(option) ? std::optional<ResultColumn>({kind, q, {}})
+                                                                           : std::nullopt;
     };
     if (IsMultichoice(test, q))
         return column(IncludeMultichoiceAnswersInExcel, Kind::Choice);

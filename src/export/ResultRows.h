@@ -20,8 +20,7 @@ enum class ResultColumns { Included, Possible };
 
 /// The columns, from the first. The settings give what stands around a question's number.
 std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
-                                          const QString& questionSuffix,
-                                          ResultColumns which = ResultColumns::Included);
+                                          const QString& questionSuffix, ResultColumns which = ResultColumns::Included);
 
 /// What one administration puts into its row.
 struct ResultsOfOne {

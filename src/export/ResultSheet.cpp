@@ -40,8 +40,8 @@ QString Listed(const QStringList& heads) {
 }
 
 SpreadsheetError Refused(const QString& path, const QString& why) {
-    return {SpreadsheetFailure, QStringLiteral("Nothing was written to the file ") + Quoted(path) +
-                                    QStringLiteral(": ") + why};
+    return {SpreadsheetFailure,
+            QStringLiteral("Nothing was written to the file ") + Quoted(path) + QStringLiteral(": ") + why};
 }
 
 } // namespace
@@ -99,9 +99,8 @@ bool ResultSheet::AreInPlace() const {
         const auto head = std::ranges::lower_bound(heads_, column, {}, &Head::Column);
         return head != heads_.end() && head->Column == column ? head->Text : QString();
     };
-    return std::ranges::all_of(columns_, [&, column = 0](const ResultColumn& mine) mutable {
-        return SameHead(textAt(++column), mine.Head);
-    });
+    return std::ranges::all_of(
+        columns_, [&, column = 0](const ResultColumn& mine) mutable { return SameHead(textAt(++column), mine.Head); });
 }
 
 /// Columns that are found by their heads need heads that differ.
@@ -161,7 +160,8 @@ void ResultSheet::AddMissing(const QString& path) {
     const auto missing = static_cast<int>(std::ranges::count(places_, 0));
     const int end = missing > 0 ? RightEnd(missing) : 0;
     if (end + missing > MostColumns)
-        throw Refused(path, QStringLiteral("a sheet has %1 columns, and %2 more don't fit").arg(MostColumns).arg(missing));
+        throw Refused(path,
+                      QStringLiteral("a sheet has %1 columns, and %2 more don't fit").arg(MostColumns).arg(missing));
     if (heads_.empty() && end > 0)
         CheckTellable(path);
     QStringList added;
@@ -177,12 +177,15 @@ void ResultSheet::AddMissing(const QString& path) {
     }
     const QString list = Listed(added);
     if (heads_.empty())
-        note_ = QStringLiteral("The third row of the file %1 had no heads. These were added: %2.").arg(Quoted(path), list);
+        note_ =
+            QStringLiteral("The third row of the file %1 had no heads. These were added: %2.").arg(Quoted(path), list);
     else
-        note_ = QStringLiteral("The heads in the third row of the file %1 are not those that this test expects, so each "
-                               "result was put under its own head.")
-                    .arg(Quoted(path)) +
-                (added.isEmpty() ? QString() : QStringLiteral(" Heads that were missing were added at the right end: ") + list + u'.');
+        note_ =
+            QStringLiteral("The heads in the third row of the file %1 are not those that this test expects, so each "
+                           "result was put under its own head.")
+                .arg(Quoted(path)) +
+            (added.isEmpty() ? QString()
+                             : QStringLiteral(" Heads that were missing were added at the right end: ") + list + u'.');
 }
 
 /// The last column that is not free for new heads: behind the last head, and behind whatever is below without one.
@@ -214,8 +217,7 @@ bool ResultSheet::IsQuestionHead(const QString& text) const {
 
 void ResultSheet::NoteTakenColumns() {
     std::set<QString> possible;
-    for (const ResultColumn& column :
-         ResultColumnsOf(test_, questionPrefix_, questionSuffix_, ResultColumns::Possible))
+    for (const ResultColumn& column : ResultColumnsOf(test_, questionPrefix_, questionSuffix_, ResultColumns::Possible))
         possible.insert(AsInCell(column.Head).trimmed());
     for (const Head& head : heads_)
         if (possible.contains(head.Text.trimmed()) || IsQuestionHead(head.Text))
@@ -227,8 +229,7 @@ void ResultSheet::NoteTakenColumns() {
 /// emptied or never had, be replaced or mixed with these.
 int ResultSheet::FreeRow(int from) {
     const auto isFree = [this](int row) {
-        return IsEmpty(row, 1) &&
-               std::ranges::all_of(takenColumns_, [&](int column) { return IsEmpty(row, column); });
+        return IsEmpty(row, 1) && std::ranges::all_of(takenColumns_, [&](int column) { return IsEmpty(row, column); });
     };
     int row = from;
     while (!isFree(row))

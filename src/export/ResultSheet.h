@@ -40,7 +40,9 @@ class ResultSheet {
     int RightEnd(int count);
     void NoteTakenColumns();
     bool IsQuestionHead(const QString& text) const;
-    bool IsEmpty(int row, int column) { return std::holds_alternative<std::monostate>(application_.Cells(row, column)); }
+    bool IsEmpty(int row, int column) {
+        return std::holds_alternative<std::monostate>(application_.Cells(row, column));
+    }
     int FreeRow(int from);
     void Set(int row, size_t index, const CellValue& value);
 

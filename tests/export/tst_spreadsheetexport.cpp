@@ -65,8 +65,8 @@ struct Exporting {
         session.UserSettings.QuestionSuffix = QStringLiteral(" ");
         session.ClientName = QStringLiteral("Ann Lee");
         office.Entries[SpreadsheetKey] = QStringLiteral("Sheet");
-        for (int column = 1; const ResultColumn& expected :
-                             ResultColumnsOf(session.Test, QStringLiteral("Q."), QStringLiteral(" ")))
+        for (int column = 1;
+             const ResultColumn& expected : ResultColumnsOf(session.Test, QStringLiteral("Q."), QStringLiteral(" ")))
             log.Grid[{3, column++}] = expected.Head;
     }
     ~Exporting() { QDir::setCurrent(QDir::rootPath()); }
@@ -234,8 +234,8 @@ const QString Four = QStringLiteral("[INCLUDE CLIENT NAME IN EXCEL FILE][INCLUDE
                                     "[INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]");
 
 void tst_spreadsheetexport::Export_OtherHeads_EachValueUnderItsOwn_data() {
-    QTest::addColumn<QString>("sheet");   // Its rows from the third, cells separated by "|".
-    QTest::addColumn<QString>("heads");     // What is added to the third row.
+    QTest::addColumn<QString>("sheet"); // Its rows from the third, cells separated by "|".
+    QTest::addColumn<QString>("heads"); // What is added to the third row.
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("cells");
     QTest::addColumn<QString>("message"); // Its end.
@@ -246,31 +246,32 @@ void tst_spreadsheetexport::Export_OtherHeads_EachValueUnderItsOwn_data() {
     QTest::newRow("expected") << "Client|Total Score|Q.1 |Q.4 \nBo|1|1|1" << none << 5 << all << none;
     QTest::newRow("expected, blanks lost, more after them")
         << "Client|Total Score|Q.1|Q.4|Mine" << none << 4 << all << none;
-    QTest::newRow("moved, another one between") << "Q.4 |Client|Mine|Q.1 |Total Score\n1|Bo||2|3" << none
-                                                << 5 << "1 \"Ann Lee\" - 2 1" << own;
+    QTest::newRow("moved, another one between")
+        << "Q.4 |Client|Mine|Q.1 |Total Score\n1|Bo||2|3" << none << 5 << "1 \"Ann Lee\" - 2 1" << own;
     QTest::newRow("some missing, one not included") << "Client|Date|Q.1 \nBo|1|1"
                                                     << " \"Total Score\" \"Q.4 \"" << 5 << "\"Ann Lee\" - 2 1 1"
                                                     << added + QStringLiteral("'Total Score', 'Q.4 '.");
     QTest::newRow("other numbering") << "Client|Total Score|Item 1|Item 4\nBo|1|1|1"
                                      << " \"Q.1 \" \"Q.4 \"" << 5 << "\"Ann Lee\" 1 - - 2 1"
                                      << added + QStringLiteral("'Q.1 ', 'Q.4 '.");
-    QTest::newRow("none") << "" << "\"Client\" \"Total Score\" \"Q.1 \" \"Q.4 \"" << 4 << all
+    QTest::newRow("none") << ""
+                          << "\"Client\" \"Total Score\" \"Q.1 \" \"Q.4 \"" << 4 << all
                           << QStringLiteral("had no heads. These were added: 'Client', 'Total Score', 'Q.1 ', 'Q.4 '.");
     QTest::newRow("none, but data") << "\nx\n|y"
                                     << "- - \"Client\" \"Total Score\" \"Q.1 \" \"Q.4 \"" << 5
                                     << "- \"y\" \"Ann Lee\" 1 2 1" << QStringLiteral("'Q.1 ', 'Q.4 '.");
-    QTest::newRow("data at the right end") << "Client|Total Score|Q.1 \nBo|1|1|note" << " - \"Q.4 \""
-                                           << 5 << "\"Ann Lee\" 1 2 - 1" << added + QStringLiteral("'Q.4 '.");
-    QTest::newRow("first column not ours, with gaps") << "Mine|Client|Total Score|Q.1 |Q.4 \n|Bo|1|1|1\nx\n|||1"
-                                                      << none << 7 << "- \"Ann Lee\" 1 2 1" << own;
-    QTest::newRow("client's name taken out") << "Client|Total Score|Q.1 |Q.4 \n|1" << none << 5 << all
-                                             << none;
-    QTest::newRow("row of another export") << "Client|Total Score|Q.1 |Q.4 |Date|Q.9\n||||1\n|||||1"
-                                           << none << 6 << all << none;
+    QTest::newRow("data at the right end")
+        << "Client|Total Score|Q.1 \nBo|1|1|note"
+        << " - \"Q.4 \"" << 5 << "\"Ann Lee\" 1 2 - 1" << added + QStringLiteral("'Q.4 '.");
+    QTest::newRow("first column not ours, with gaps")
+        << "Mine|Client|Total Score|Q.1 |Q.4 \n|Bo|1|1|1\nx\n|||1" << none << 7 << "- \"Ann Lee\" 1 2 1" << own;
+    QTest::newRow("client's name taken out") << "Client|Total Score|Q.1 |Q.4 \n|1" << none << 5 << all << none;
+    QTest::newRow("row of another export")
+        << "Client|Total Score|Q.1 |Q.4 |Date|Q.9\n||||1\n|||||1" << none << 6 << all << none;
     QTest::newRow("others' heads twice") << "Mine|Mine|Client|Total Score|Q.1 |Q.4 " << none << 4
                                          << "- - \"Ann Lee\" 1 2 1" << own;
-    QTest::newRow("both ways of writing") << "Q.1|Q.1 |Client|Total Score|Q.4" << none << 4
-                                          << "- 2 \"Ann Lee\" 1 1" << own;
+    QTest::newRow("both ways of writing")
+        << "Q.1|Q.1 |Client|Total Score|Q.4" << none << 4 << "- 2 \"Ann Lee\" 1 1" << own;
 }
 
 void Fill(SpreadsheetLog& log, const QString& sheet) {
@@ -315,14 +316,15 @@ void tst_spreadsheetexport::Export_HeadsThatCantBeTold_Refused_data() {
                            << twice.arg(QStringLiteral("Q.4 "), QStringLiteral("C and E"));
     QTest::newRow("twice with blanks") << QString() << "Q.1|Client|Q.4| Q.4|Total Score"
                                        << twice.arg(QStringLiteral("Q.4 "), QStringLiteral("C and D"));
-    QTest::newRow("sub-scales of the same name, moved")
-        << "[S]Ease[/S][S]Ease[/S]" << "Mine|Client|Total Score|Ease|Ease|Q.1 |Q.4 "
-        << "the test has two columns with the head 'Ease'";
-    QTest::newRow("sub-scale called like a column, added")
-        << "[S]Client[/S]" << "Client|Total Score|Q.1 |Q.4 "
-        << "the test has two columns with the head 'Client'";
-    QTest::newRow("sub-scale without a name, moved")
-        << "[S] [/S]" << "Mine|Client|Total Score||Q.1 |Q.4 " << "a sub-scale without a name";
+    QTest::newRow("sub-scales of the same name, moved") << "[S]Ease[/S][S]Ease[/S]"
+                                                        << "Mine|Client|Total Score|Ease|Ease|Q.1 |Q.4 "
+                                                        << "the test has two columns with the head 'Ease'";
+    QTest::newRow("sub-scale called like a column, added") << "[S]Client[/S]"
+                                                           << "Client|Total Score|Q.1 |Q.4 "
+                                                           << "the test has two columns with the head 'Client'";
+    QTest::newRow("sub-scale without a name, moved") << "[S] [/S]"
+                                                     << "Mine|Client|Total Score||Q.1 |Q.4 "
+                                                     << "a sub-scale without a name";
 }
 
 void tst_spreadsheetexport::Export_HeadsThatCantBeTold_Refused() {
@@ -482,8 +484,10 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState_data() {
                                    << false;
     QTest::newRow("can't save") << "Save" << 70 << false << "Error 70 : Failed to save Excel File - why"
                                 << Steps + Data + QStringLiteral("Save Visible UserControl </>") << false;
-    QTest::newRow("held by another Vellumo") << "Open" << 463 << false << "why" << Steps + QStringLiteral("</>")
-                                             << false;
+    QTest::newRow("saved, but") << "Save" << 464 << false << "why" << Steps + Data + QStringLiteral("Save </> Quit")
+                                << true;
+    QTest::newRow("held by another Vellumo")
+        << "Open" << 463 << false << "why" << Steps + QStringLiteral("</>") << false;
 }
 
 void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
@@ -499,7 +503,7 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
     QVERIFY(exporting.Run());
     QTEST(exporting.Calls(), "calls");
     QTEST(exporting.session.SpreadsheetExported, "exported");
-    QCOMPARE(exporting.session.SpreadsheetFilePath, QString());
+    QCOMPARE(exporting.session.SpreadsheetFilePath.isEmpty(), !exporting.session.SpreadsheetExported);
 }
 
 void tst_spreadsheetexport::Export_OpenAfterwards_LeftVisible() {

@@ -86,8 +86,11 @@ void BuiltInSpreadsheet::TakeLock(const QString& path) {
         break;
     }
     const QString folder = QFileInfo(path).absolutePath();
-    throw Refused(QFileInfo(folder).isDir() ? QStringLiteral("Nothing can be written in the folder ") + Quoted(folder)
-                                            : QStringLiteral("There is no folder ") + Quoted(folder));
+    if (!QFileInfo(folder).isDir())
+        throw Refused(QStringLiteral("There is no folder ") + Quoted(folder));
+    const QString reason = lock_->Reason();
+    throw Refused(QStringLiteral("Nothing can be written in the folder ") + Quoted(folder) +
+                  (reason.isEmpty() ? QString() : QStringLiteral(": ") + reason));
 }
 
 void BuiltInSpreadsheet::AddWorkbook() {

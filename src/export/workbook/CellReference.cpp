@@ -18,11 +18,4 @@ CellReference ToCellReference(QByteArrayView reference) {
     return fits ? cell : CellReference();
 }
 
-QByteArray ColumnName(int column) {
-    QByteArray name;
-    for (; column > 0; column = (column - 1) / 26)
-        name.prepend(static_cast<char>('A' + (column - 1) % 26));
-    return name;
-}
-
 QByteArray CellName(int row, int column) { return ColumnName(column) + QByteArray::number(row); }

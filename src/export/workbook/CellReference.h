@@ -17,6 +17,12 @@ struct CellReference {
 /// "AB12", or "$AB$12", as a cell; none for anything else.
 CellReference ToCellReference(QByteArrayView reference);
 
-/// The name of a column, "A" for 1, and of a cell, "A1".
-QByteArray ColumnName(int column);
+/// The name of a column, "A" for 1. Inline, as it is also used where the built-in engine isn't.
+inline QByteArray ColumnName(int column) {
+    QByteArray name;
+    for (; column > 0; column = (column - 1) / 26)
+        name.prepend(static_cast<char>('A' + (column - 1) % 26));
+    return name;
+}
+/// The name of a cell, such as "A1".
 QByteArray CellName(int row, int column);

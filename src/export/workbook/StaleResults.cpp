@@ -92,7 +92,8 @@ class FormulaReader {
                 continue;
             if (scanner_.LocalName() == "f") {
                 formula.Shared = scanner_.Attribute("t") == "shared";
-                formula.ReachIndex = ReadFormula(formula.Shared ? scanner_.Attribute("si").toByteArray() : QByteArray());
+                formula.ReachIndex =
+                    ReadFormula(formula.Shared ? scanner_.Attribute("si").toByteArray() : QByteArray());
             } else {
                 const bool isResult = scanner_.LocalName() == "v" && !scanner_.SelfClosing();
                 const qint64 content = scanner_.End();
@@ -194,7 +195,8 @@ class ChangedCells {
         if (ranges.size() <= MostRanges)
             return;
         for (const Rows& range : ranges)
-            ranges.front() = {std::min(ranges.front().first, range.first), std::max(ranges.front().second, range.second)};
+            ranges.front() = {std::min(ranges.front().first, range.first),
+                              std::max(ranges.front().second, range.second)};
         ranges.resize(1);
     }
 
@@ -282,7 +284,8 @@ StaleResults FindStaleResults(const std::vector<NamedSheet>& sheets, const std::
             FormulaReader(sheets[i], static_cast<int>(i), formulas).Read();
     std::vector<Block> blocks;
     for (const CellBlock& block : changed)
-        if (const auto sheet = formulas.SheetIndex.constFind(block.Sheet.toLower()); sheet != formulas.SheetIndex.cend())
+        if (const auto sheet = formulas.SheetIndex.constFind(block.Sheet.toLower());
+            sheet != formulas.SheetIndex.cend())
             blocks.push_back({*sheet, block.FirstRow, block.LastRow, block.FirstColumn, block.LastColumn});
     Follower(formulas, sheets.size(), blocks).Follow();
 

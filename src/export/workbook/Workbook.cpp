@@ -9,8 +9,8 @@
 
 namespace {
 
-/// What a part may be unpacked to. A sheet of this size has some forty million cells; as it passes through in pieces, the
-/// bound is one of time.
+/// What a part may be unpacked to. A sheet of this size has some forty million cells; as it passes through in pieces,
+/// the bound is one of time.
 constexpr qint64 MaxSheetBytes = qint64(2) << 30;
 constexpr qint64 MaxAllSheetsBytes = 2 * MaxSheetBytes;
 /// A sheet of at most so many bytes is kept in memory, so that it is unpacked once.
@@ -155,7 +155,8 @@ QByteArray Workbook::Pack() {
         change.Written = isActive ? &written_ : nullptr;
         change.Prefix = isActive ? outline_.Prefix : QByteArray();
         change.MostBytes = MaxSheetBytes;
-        const OpenBytes open = isActive ? sheet_ : OpenBytes([this, part] { return package_.Open(part, MaxSheetBytes); });
+        const OpenBytes open =
+            isActive ? sheet_ : OpenBytes([this, part] { return package_.Open(part, MaxSheetBytes); });
         const qint64 size = package_.SizeOf(part, MaxSheetBytes) + (isActive ? written_.Bytes() + BytesAroundRows : 0);
         package_.Put(
             part, [&change, open] { return std::make_unique<SheetRewriter>(open(), change); },

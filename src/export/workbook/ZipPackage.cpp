@@ -109,11 +109,11 @@ struct ZipPackage::Access {
         case ZIP_SOURCE_ERROR:
             return zip_error_to_data(&self.Error, data, length);
         case ZIP_SOURCE_SUPPORTS:
-            return zip_source_make_command_bitmap(
-                ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR, ZIP_SOURCE_FREE,
-                ZIP_SOURCE_SEEK, ZIP_SOURCE_TELL, ZIP_SOURCE_BEGIN_WRITE, ZIP_SOURCE_COMMIT_WRITE,
-                ZIP_SOURCE_ROLLBACK_WRITE, ZIP_SOURCE_WRITE, ZIP_SOURCE_SEEK_WRITE, ZIP_SOURCE_TELL_WRITE,
-                ZIP_SOURCE_REMOVE, ZIP_SOURCE_SUPPORTS, -1);
+            return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT,
+                                                  ZIP_SOURCE_ERROR, ZIP_SOURCE_FREE, ZIP_SOURCE_SEEK, ZIP_SOURCE_TELL,
+                                                  ZIP_SOURCE_BEGIN_WRITE, ZIP_SOURCE_COMMIT_WRITE,
+                                                  ZIP_SOURCE_ROLLBACK_WRITE, ZIP_SOURCE_WRITE, ZIP_SOURCE_SEEK_WRITE,
+                                                  ZIP_SOURCE_TELL_WRITE, ZIP_SOURCE_REMOVE, ZIP_SOURCE_SUPPORTS, -1);
         default:
             return self.Fail(ZIP_ER_OPNOTSUPP);
         }
@@ -222,8 +222,7 @@ class EntrySource : public ByteSource {
         given_ += qMax<qint64>(count, 0);
         // The read that meets the end compares the checksum.
         if (count < 0 || given_ > size_ || (count == 0 && given_ != size_))
-            throw WorkbookError(entry_ +
-                                QStringLiteral(" is damaged (%1)").arg(ReasonOf(zip_file_get_error(file_))));
+            throw WorkbookError(entry_ + QStringLiteral(" is damaged (%1)").arg(ReasonOf(zip_file_get_error(file_))));
         return count;
     }
 
@@ -245,7 +244,9 @@ std::unique_ptr<QIODevice> DeviceWith(const QByteArray& bytes) {
 
 } // namespace
 
-ZipPackage::ZipPackage() : device_(DeviceWith({})), access_(std::make_unique<Access>()) { access_->From = device_.get(); }
+ZipPackage::ZipPackage() : device_(DeviceWith({})), access_(std::make_unique<Access>()) {
+    access_->From = device_.get();
+}
 
 ZipPackage::ZipPackage(const QByteArray& bytes) : ZipPackage(DeviceWith(bytes)) {}
 
@@ -275,13 +276,11 @@ qint64 ZipPackage::SizeOf(const QString& name, qint64 maxBytes) const {
     if (index < 0)
         throw WorkbookError(Named(name) + QStringLiteral(" is missing"));
     zip_stat_t stat;
-    if (zip_stat_index(archive_->Zip, static_cast<zip_uint64_t>(index), 0, &stat) != 0 ||
-        !(stat.valid & ZIP_STAT_SIZE))
+    if (zip_stat_index(archive_->Zip, static_cast<zip_uint64_t>(index), 0, &stat) != 0 || !(stat.valid & ZIP_STAT_SIZE))
         archive_->Fail(Named(name) + QStringLiteral(" can't be read"));
     if (stat.size > static_cast<zip_uint64_t>(maxBytes))
-        throw WorkbookError(Named(name) +
-                            QStringLiteral(" is %1 bytes long, and at most %2 can be read")
-                                .arg(QLocale(QLocale::English).toString(stat.size), Grouped(maxBytes)));
+        throw WorkbookError(Named(name) + QStringLiteral(" is %1 bytes long, and at most %2 can be read")
+                                              .arg(QLocale(QLocale::English).toString(stat.size), Grouped(maxBytes)));
     return static_cast<qint64>(stat.size);
 }
 
@@ -305,7 +304,8 @@ QByteArray ZipPackage::Read(const QString& name, qint64 maxBytes) const {
 }
 
 void ZipPackage::Put(const QString& name, const QByteArray& content) {
-    Put(name, [content] { return std::make_unique<MemorySource>(content); }, content.size());
+    Put(
+        name, [content] { return std::make_unique<MemorySource>(content); }, content.size());
 }
 
 void ZipPackage::Put(const QString& name, OpenBytes content, qint64 atMost) {

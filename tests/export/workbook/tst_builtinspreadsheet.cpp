@@ -111,6 +111,35 @@ QByteArray WithSheetSize(QByteArray package, quint32 size) {
     return package;
 }
 
+/// A sheet of 100,000 rows with a thousand bytes each.
+class ManyRows : public ByteSource {
+  public:
+    qint64 Read(char* to, qint64 most) override {
+        if (given_ == ready_.size()) {
+            given_ = 0;
+            ready_ = row_ > RowCount
+                         ? QByteArray()
+                         : "<row r='" + QByteArray::number(row_) + "'><c r='A" + QByteArray::number(row_) +
+                               "'><v>1</v></c><!--" + QByteArray(1000, '-').replace("--", "- ") + "--></row>";
+            if (row_ == 0)
+                ready_ = "<worksheet><sheetData>";
+            else if (row_ == RowCount)
+                ready_ += "</sheetData></worksheet>";
+            ++row_;
+        }
+        const qint64 count = qMin<qint64>(most, ready_.size() - given_);
+        std::memcpy(to, ready_.constData() + given_, static_cast<size_t>(count));
+        given_ += count;
+        return count;
+    }
+
+  private:
+    static constexpr int RowCount = 100'000;
+    int row_ = 0;
+    QByteArray ready_;
+    qint64 given_ = 0;
+};
+
 } // namespace
 
 class tst_builtinspreadsheet : public QObject {
@@ -166,9 +195,10 @@ void tst_builtinspreadsheet::Save_Unreadable_RefusedAndUntouched_data() {
     QTest::newRow("cut") << sound.chopped(30) << "it is no workbook, or a damaged one (Not a zip archive)";
     QTest::newRow("older format") << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and so on")
                                   << "it is protected with a password, or it is in the older format of .xls files";
-    QTest::newRow("bomb") << WithSheetSize(sound, 4'000'000'000)
-                          << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 2,147,483,648 "
-                             "can be read";
+    QTest::newRow("bomb")
+        << WithSheetSize(sound, 4'000'000'000)
+        << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 2,147,483,648 "
+           "can be read";
     QTest::newRow("bomb that lies") << WithSheetSize(WorkbookWith("<sheetData/>" + QByteArray(1 << 20, ' ')), 99)
                                     << "its part 'xl/worksheets/sheet1.xml' is damaged (";
 }
@@ -204,40 +234,15 @@ void tst_builtinspreadsheet::Save_DamagedAnywhere_RefusedOrRead() {
 
 // The tool that adds a row to a sheet of 100 MB holds a small part of it at any time.
 void tst_builtinspreadsheet::Save_LargeSheet_LittleMemory() {
-    class Rows : public ByteSource {
-      public:
-        qint64 Read(char* to, qint64 most) override {
-            if (given_ == ready_.size()) {
-                given_ = 0;
-                ready_ = row_ > MostRows ? QByteArray()
-                                         : "<row r='" + QByteArray::number(row_) + "'><c r='A" + QByteArray::number(row_) +
-                                               "'><v>1</v></c><!--" + QByteArray(1000, '-').replace("--", "- ") + "--></row>";
-                if (row_ == 0)
-                    ready_ = "<worksheet><sheetData>";
-                else if (row_ == MostRows)
-                    ready_ += "</sheetData></worksheet>";
-                ++row_;
-            }
-            const qint64 count = qMin<qint64>(most, ready_.size() - given_);
-            std::memcpy(to, ready_.constData() + given_, static_cast<size_t>(count));
-            given_ += count;
-            return count;
-        }
-
-      private:
-        static constexpr int MostRows = 100'000;
-        int row_ = 0;
-        QByteArray ready_;
-        qint64 given_ = 0;
-    };
     ZipPackage package(NewWorkbookBytes());
-    package.Put(SheetName, [] { return std::make_unique<Rows>(); }, 200 << 20);
+    package.Put(
+        SheetName, [] { return std::make_unique<ManyRows>(); }, 200 << 20);
     PutBytes(Path(), package.Pack());
     PutBytes(Path("t.vlm"), "[TITLE]T[/TITLE][Q]One[A]a[v=1][/A][/Q][INCLUDE CLIENT NAME IN EXCEL FILE]");
     PutBytes(Path("r.csv"), "client\nAnn\n");
     QProcess process;
-    process.start(qEnvironmentVariable("VELLUMO_CLI"), {QStringLiteral("score"), Path("t.vlm"), Path("r.csv"),
-                                                        QStringLiteral("--workbook"), Path()});
+    process.start(qEnvironmentVariable("VELLUMO_CLI"),
+                  {QStringLiteral("score"), Path("t.vlm"), Path("r.csv"), QStringLiteral("--workbook"), Path()});
     QVERIFY(process.waitForFinished(300'000));
     QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
     rusage usage{};

@@ -153,7 +153,8 @@ QByteArray ExcelLike() {
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n<sst "
         "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" count=\"7\" uniqueCount=\"7\">"
         "<si><t>Mood</t></si><si><t>Client</t></si><si><t xml:space=\"preserve\">Ann </t></si>"
-        "<si><t>Date</t></si><si><r><t>Total </t></r><r><t>Score</t></r></si><si><t>Q.1</t></si><si><t>Q.2</t></si></sst>";
+        "<si><t>Date</t></si><si><r><t>Total "
+        "</t></r><r><t>Score</t></r></si><si><t>Q.1</t></si><si><t>Q.2</t></si></sst>";
     parts[QStringLiteral("xl/calcChain.xml")] =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n<calcChain "
         "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><c r=\"G5\" i=\"1\"/><c "

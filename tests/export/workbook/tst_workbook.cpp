@@ -180,8 +180,8 @@ void tst_workbook::SetCell_LargeSheet_OnlyWhatMustChange() {
     QByteArray before = "<cols/><sheetData>";
     for (int row = 1; row <= 4000; ++row)
         before += "<row r='" + QByteArray::number(row) + "'>" +
-                  QByteArray(filling).replace('%', QByteArray::number(row)) + (row == 500 ? QByteArray(1 << 20, ' ') : "") +
-                  "</row>\n";
+                  QByteArray(filling).replace('%', QByteArray::number(row)) +
+                  (row == 500 ? QByteArray(1 << 20, ' ') : "") + "</row>\n";
     const QByteArray after = before;
     const auto with = [](QByteArray sheet, const QByteArray& row, const QByteArray& cell) {
         return sheet.replace("<row r='" + row + "'>", "<row r='" + row + "'>" + cell);
@@ -373,8 +373,9 @@ void tst_workbook::Pack_ManyFormulas_InLinearTime() {
     QByteArray rows = "<sheetData>";
     for (int row = 3; row < 50'003; ++row) {
         const QByteArray number = QByteArray::number(row);
-        rows += "<row r='" + number + "'><c r='A" + number + "'><f>INDIRECT(\"B" + number + "\")</f><v>1</v></c><c r='B" +
-                number + "'><f>B" + QByteArray::number(row + 1) + "+1</f><v>1</v></c></row>";
+        rows += "<row r='" + number + "'><c r='A" + number + "'><f>INDIRECT(\"B" + number +
+                "\")</f><v>1</v></c><c r='B" + number + "'><f>B" + QByteArray::number(row + 1) +
+                "+1</f><v>1</v></c></row>";
     }
     Workbook workbook(WorkbookWith(rows + "</sheetData>"));
     workbook.SetCell(50'003, 2, 7.0);
