@@ -45,8 +45,15 @@ WriteOutcome WriteStraight(const QString& path, const QByteArray& content, const
     return {true, {}, {}};
 }
 
+/// Reads back in blocks: a workbook may be large.
 bool Holds(const DiskFile& file, qint64 position, const QByteArray& content) {
-    return file.Read(position, content.size()) == content;
+    constexpr qint64 block = 1 << 20;
+    for (qint64 done = 0; done < content.size(); done += block) {
+        const QByteArrayView part = QByteArrayView(content).sliced(done, qMin(block, content.size() - done));
+        if (file.Read(position + done, part.size()) != part)
+            return false;
+    }
+    return true;
 }
 
 /// One attempt to bring content to target, which is no link, by way of a new file beside it.

@@ -112,7 +112,8 @@ bool DiskFile::Write(const QByteArray& content) {
             continue;
         if (taken <= 0)
             return Failed();
-        to_ = lseek(file, 0, SEEK_CUR);
+        const off_t position = lseek(file, 0, SEEK_CUR);
+        to_ = position >= 0 ? position : Size();
         if (done == 0)
             from_ = to_ - taken;
         done += taken;
