@@ -56,6 +56,7 @@ struct Outside : Prompts, FileChooser, EditorView {
         Meanwhile();
         return PromptAnswer::Ok;
     }
+    int Choose(const ChoicePrompt& prompt) override { return prompt.Escape; }
     QString OpenFile(const FileQuestion&) override {
         Meanwhile();
         return Answer;
