@@ -1,7 +1,7 @@
 #include "editor/EditorFile.h"
 
 #include "platform/Directories.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 #include "testdoc/TestWriter.h"
 
 #include <QDir>
@@ -76,7 +76,7 @@ void EditorFile::OpenPath(const QString& path) {
 
 bool EditorFile::Read(const QString& path) {
     try {
-        const Result opened = OpenTest(parts_.Test, AbsolutePath(path));
+        const Result opened = OpenTestOrEarlier(parts_.Test, AbsolutePath(path), parts_.Boxes);
         if (!opened)
             parts_.Boxes.Inform(opened.Message());
         inFile_ = opened.Ok();
@@ -143,6 +143,8 @@ bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
     saved_ = inFile_ = outcome.Written;
+    if (outcome.Written && parts_.Saved)
+        parts_.Saved(parts_.Test.TestFileName);
     if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
     else if (outcome.Written)

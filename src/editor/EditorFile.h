@@ -9,6 +9,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 /// The window of the editor, as far as opening and saving concern it.
 class EditorView {
   public:
@@ -28,6 +30,8 @@ struct EditorFileParts {
     FileChooser& Files;
     Navigator& Ways;
     Recovery& Copies;
+    /// Is told of each file that the person's test was written to; may be empty.
+    std::function<void(const QString& path)> Saved = {};
 };
 
 /// Opening, saving, and the question before unsaved changes are given up: the rules of the editor's File menu.

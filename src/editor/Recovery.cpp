@@ -14,11 +14,10 @@ const QString Extension = QStringLiteral(".recovery");
 /// The longest test of the longest texts stays far below it.
 constexpr qint64 LongestCopy = 64 << 20;
 
-std::unique_ptr<QLockFile> LockFor(const QString& path) {
-    auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
-    // A lock is stale when its program is gone, however old it is.
-    lock->setStaleLockTime(0);
-    return lock;
+/// The lock of a copy, by the name that earlier versions of the program use, too; null when another program has it.
+std::unique_ptr<FileLock> LockedCopy(const QString& path) {
+    auto lock = std::make_unique<FileLock>(path, path + QStringLiteral(".lock"));
+    return lock->Take(0) == FileLock::Outcome::Taken ? std::move(lock) : nullptr;
 }
 
 QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
@@ -31,7 +30,7 @@ QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
 
 void RemoveFiles(const QString& path) {
     QFile::remove(path);
-    // Left by a program that ended while it wrote; the next copy under this name must not pass for it.
+    // Left by an earlier version that ended while it wrote; the next copy under this name must not pass for it.
     QFile::remove(path + QStringLiteral(".earlier"));
 }
 
@@ -61,8 +60,8 @@ void Recovery::End() {
 }
 
 bool Recovery::GoOnWith(const RecoveredTest& left) {
-    auto lock = LockFor(left.Path);
-    if (!lock->tryLock(0))
+    auto lock = LockedCopy(left.Path);
+    if (!lock)
         return false;
     LetGo();
     editing_ = true;
@@ -108,10 +107,9 @@ std::optional<RecoveredTest> Recovery::Left() const {
     for (const QString& name : folder.entryList({u'*' + Extension}, QDir::Files, QDir::Name)) {
         RecoveredTest copy;
         copy.Path = folder.filePath(name);
-        const auto lock = LockFor(copy.Path);
-        // A program that ended while it wrote the copy has left the one before beside it.
-        if (!lock->tryLock(0) ||
-            (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
+        const auto lock = LockedCopy(copy.Path);
+        // An earlier version that ended while it wrote the copy has left the one before beside it.
+        if (!lock || (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
             continue;
         if (!first || copy.KeptAt < first->KeptAt)
             first = copy;
@@ -132,8 +130,8 @@ bool Recovery::TakeFreePlace() {
     constexpr int mostPlaces = 1000;
     for (int k = 1; k <= mostPlaces; ++k) {
         const QString path = QDir(folder_).filePath(QStringLiteral("test-%1").arg(k) + Extension);
-        auto lock = LockFor(path);
-        if (!lock->tryLock(0) || QFile::exists(path))
+        auto lock = LockedCopy(path);
+        if (!lock || QFile::exists(path))
             continue;
         path_ = path;
         lock_ = std::move(lock);

@@ -2,9 +2,8 @@
 
 #include "base/Failure.h"
 #include "platform/Clock.h"
+#include "platform/FileLock.h"
 #include "testdoc/TestDocument.h"
-
-#include <QLockFile>
 
 #include <memory>
 #include <optional>
@@ -57,7 +56,7 @@ class Recovery {
     QByteArray inFile_;
     QByteArray kept_;
     QString path_;
-    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<FileLock> lock_;
     /// Copies of earlier documents of this run; locked, lest another program offers them while this one runs.
-    std::vector<std::unique_ptr<QLockFile>> locksOfEarlier_;
+    std::vector<std::unique_ptr<FileLock>> locksOfEarlier_;
 };

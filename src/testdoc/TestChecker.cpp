@@ -133,7 +133,8 @@ void DocumentChecker::CheckBrackets(const TestPlace& place, const QString& text)
         if (!upper.contains(tag))
             return;
         tagFound = true;
-        Warn(place, QStringLiteral("the text contains ") + tag + QStringLiteral(", which switches that option on"));
+        WarnProvisionally(place, QStringLiteral("the text contains ") + tag +
+                                     QStringLiteral(", which switches that option on"));
     };
     for (int i = 1; i <= OptionCount; ++i)
         lookFor(test_.OptionTag(i));

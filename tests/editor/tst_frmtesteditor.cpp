@@ -431,7 +431,7 @@ void tst_frmtesteditor::Save_Fails_TestAndQuestionStay() {
         editor.prompts.Expect(message).InPart();
         QVERIFY(!editor.window->close());
     }
-    QCOMPARE(BytesOf(editor.Path(u"mood.vlm.earlier"_s)), Mood);
+    QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
     editor.ClickOn(u"Command1"_s);
     QVERIFY(BytesOf(editor.Path(u"mood.vlm"_s)).startsWith("[TITLE]Mood is too long for this disk"));
     QVERIFY(editor.window->close());
@@ -442,14 +442,13 @@ void tst_frmtesteditor::Save_TooLong_SaysByHowMuchAndStays() {
     editor.ChooseTab(0);
     editor.test.TestIntroduction = QString(33000, u'x');
     editor.ExpectQuestion(PromptAnswer::Yes);
-    editor.prompts.Expect(u"can't be opened again as it is. It is "_s).InPart();
+    editor.prompts.Expect(u"characters too long to be opened again. Nothing was written."_s).InPart();
     editor.ClickOn(u"Quit"_s);
     QVERIFY(editor.window->isVisible());
-    QVERIFY(BytesOf(editor.Path(u"mood.vlm"_s)).size() > 33000);
+    QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
     QCOMPARE(editor.test.TestIntroduction.size(), 33000);
-    // It is saved, so leaving once more is no question. The copy stays, as the file doesn't lead back into the editor.
-    editor.ClickOn(u"Quit"_s);
-    QVERIFY(!editor.window->isVisible());
+    editor.ExpectQuestion(PromptAnswer::Cancel);
+    QVERIFY(!editor.window->close());
     editor.copies.reset();
     QVERIFY(editor.CopyIsLeft());
 }

@@ -179,7 +179,7 @@ class tst_questionstab : public QObject {
         page.ClickOn(AddQuestionButton);
         QCOMPARE(page.test.QuestionText(6), u"Six"_s);
         QCOMPARE(page.test.QuestionType(6), int(LongAnswer));
-        QCOMPARE(page.test.QuestionSubscale(5), 0);
+        QCOMPARE(page.test.QuestionSubscale(5), 2);
         QCOMPARE(page.test.QuestionSubscale(6), 2);
         QCOMPARE(page.AnswerTitle(), u"Answer - Long Answer"_s);
     }

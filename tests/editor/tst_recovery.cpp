@@ -52,12 +52,15 @@ TestDocument Filled() {
 
 /// All dialogs and the window; something may happen while a dialog is up.
 struct Outside : Prompts, FileChooser, EditorView {
-    PromptAnswer Ask(const Prompt&) override {
-        Meanwhile();
-        return PromptAnswer::Ok;
+    PromptAnswer Ask(const Prompt& prompt) override {
+        if (Meanwhile)
+            Meanwhile();
+        Asked.append(prompt.Text);
+        return prompt.Buttons == PromptButtons::YesNoCancel ? PromptAnswer::Yes : PromptAnswer::Ok;
     }
     QString OpenFile(const FileQuestion&) override {
-        Meanwhile();
+        if (Meanwhile)
+            Meanwhile();
         return Answer;
     }
     QString SaveFile(const FileQuestion&) override { return {}; }
@@ -68,6 +71,7 @@ struct Outside : Prompts, FileChooser, EditorView {
     void ShowSaveState(const QString&) override {}
 
     QString Answer;
+    QStringList Asked;
     std::function<void()> Meanwhile;
 };
 
@@ -88,6 +92,8 @@ class tst_recovery : public QObject {
     void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data();
     void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne();
     void Keep_FolderCannotBeMade_Told();
+    void Load_EarlierVersionBesideBadFile_OfferedAndUsed_data();
+    void Load_EarlierVersionBesideBadFile_OfferedAndUsed();
 
   private:
     QStringList Files() const { return QDir(folder_->path()).entryList({u"*.recovery*"_s}, QDir::Files); }
@@ -186,6 +192,8 @@ void tst_recovery::Left_KilledWhileWriting_CopyBefore() {
     const QString path = folder_->filePath(u"test-1.recovery"_s);
     const QByteArray whole = BytesOf(path);
     for (qsizetype length = 0; length < whole.size(); length += 1 + length / 3) {
+        // The lock of a program that was ended may hold anything, and locks nothing.
+        PutBytes(path + u".lock"_s, whole.first(length));
         PutBytes(path, whole.first(length));
         QFile::remove(path + u".earlier"_s);
         QVERIFY(!Run().Left());
@@ -278,6 +286,35 @@ void tst_recovery::Keep_FolderCannotBeMade_Told() {
     const Result kept = run.Keep(Titled(u"Changed"_s));
     QVERIFY(!kept.Ok());
     QVERIFY(kept.Message().contains(file));
+}
+
+void tst_recovery::Load_EarlierVersionBesideBadFile_OfferedAndUsed_data() {
+    QTest::addColumn<QByteArray>("inFile");
+    QTest::addColumn<QString>("why");
+    QTest::newRow("empty") << QByteArray() << u"it is empty\n\nAn earlier version of it, of "_s;
+    QTest::newRow("cut off") << QByteArray("[TITLE]Mo[/TITLE][Q]") << u"I can't find the [/Q]"_s;
+    QTest::newRow("no text") << QByteArray("\0\0", 2) << u"it isn't a text file"_s;
+    QTest::newRow("a test") << QByteArray("[TITLE]Mood[/TITLE]") << QString();
+}
+
+void tst_recovery::Load_EarlierVersionBesideBadFile_OfferedAndUsed() {
+    QFETCH(const QByteArray, inFile);
+    QFETCH(const QString, why);
+    const QString path = folder_->filePath(u"mood.vlm"_s);
+    PutBytes(path, inFile);
+    PutBytes(path + u".earlier"_s, "[TITLE]Mood[/TITLE]");
+    Outside outside;
+    Recovery run = Run();
+    TestDocument test;
+    test.TestFileName = path;
+    const Settings settings;
+    RecordingNavigator navigator;
+    EditorFile editor({test, settings, outside, outside, navigator, run}, outside);
+    QVERIFY(editor.Load());
+    QCOMPARE(test.TestTitle, u"Mood"_s);
+    QCOMPARE(outside.Asked.size(), why.isEmpty() ? 0 : 1);
+    QVERIFY(outside.Asked.value(0).contains(why));
+    QCOMPARE(QFile::exists(path + u".damaged"_s), !why.isEmpty() && !inFile.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_recovery)

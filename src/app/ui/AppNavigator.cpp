@@ -49,7 +49,15 @@ void BringUp(QWidget& window) {
 
 } // namespace
 
+AppNavigator::AppNavigator(AppParts parts)
+    : parts_(std::move(parts)),
+      copies_(parts_.RecoveryFolder, parts_.Time),
+      trusted_(parts_.TrustFile, parts_.SampleHashes) {
+    parts_.Run.FileMade = [this](const QString& path) { trusted_.NoteMade(parts_.Run.Test.TestFileHash, path); };
+}
+
 AppNavigator::~AppNavigator() {
+    parts_.Run.FileMade = {};
     // Destroying a window asks nothing and shows nothing.
     ended_ = true;
     qDeleteAll(OwnWindows());
@@ -57,7 +65,7 @@ AppNavigator::~AppNavigator() {
 
 void AppNavigator::Start() {
     ShowStartScreen();
-    if (!ended_ && startScreen_ && startScreen_->isVisible() && OfferLeftTest())
+    if (startScreen_ && startScreen_->isVisible() && OfferLeftTest())
         startScreen_->close();
 }
 
@@ -66,10 +74,10 @@ void AppNavigator::ShowStartScreen() {
         return;
     // One that was closed is on its way out.
     if (!startScreen_ || !startScreen_->isVisible())
-        startScreen_ = Owned(new Loading_Test(
-            {parts_.Run, parts_.Start, parts_.Store, parts_.Folders, parts_.Ports.Boxes, parts_.Ports.Files, *this}));
+        startScreen_ = Owned(new Loading_Test({parts_.Run, parts_.Start, parts_.Store, parts_.Folders,
+                                               parts_.Ports.Boxes, parts_.Ports.Files, *this, trusted_}));
     startScreen_->Form_Load();
-    if (ended_ || startScreen_->BeginFromCommandLine() || ended_)
+    if (startScreen_->BeginFromCommandLine())
         return;
     BringUp(*startScreen_);
 }
@@ -102,6 +110,7 @@ bool AppNavigator::BeginLoadedTest() {
         parts_.Ports.Boxes.Inform(begins.Message());
         return false;
     }
+    TakeNextClient(parts_.Run);
     testWindow_ = Owned(new FrmTest({parts_.Run, parts_.Ports.Boxes, parts_.Ports.Files, parts_.Time, parts_.Programs,
                                      parts_.Ports.Office, *this, parts_.Exporter, &parts_.Store}));
     BringUp(*testWindow_);
@@ -111,7 +120,8 @@ bool AppNavigator::BeginLoadedTest() {
 bool AppNavigator::AskNames(const QString& caption) {
     // From the start screen no test has a say in it.
     const NamesAsked asked = caption.isEmpty() ? NamesAsked() : NamesAskedBy(parts_.Run.Test);
-    frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked,
+    const NamesFor administration = testWindow_ && testWindow_->isVisible() ? NamesFor::Running : NamesFor::Next;
+    frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked, administration,
                      WindowInFront());
     window.exec();
     return !parts_.Run.NamesCancelled;
@@ -120,18 +130,19 @@ bool AppNavigator::AskNames(const QString& caption) {
 void AppNavigator::ShowGeneralOptions() {
     Settings& settings = parts_.Run.UserSettings;
     const Settings before = settings;
-    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, WindowInFront()).exec();
+    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Boxes, parts_.Ports.Files, *this, WindowInFront())
+        .exec();
     // A name that was given for one test only isn't among the settings, and stays.
     if (settings.AdministratorName != before.AdministratorName)
         parts_.Run.AdministratorName = settings.AdministratorName;
     TakeChangedHtmlSettings(parts_.Run, before);
 }
 
-void AppNavigator::ShowText(const QString& text, const QString& caption) {
+void AppNavigator::ShowText(const QString& text, const QString& caption, TextKind kind) {
     reports_.removeAll(nullptr);
     auto* report = Owned(new frmEdit(parts_.Ports, *this));
     reports_.append(report);
-    report->ShowText(text, caption);
+    report->ShowText(text, caption, kind);
 }
 
 void AppNavigator::ShowHelp(HelpTopic topic) {
@@ -159,8 +170,16 @@ bool AppNavigator::EditNewTest() {
 }
 
 frmTestEditor* AppNavigator::MakeEditor() {
-    return Owned(new frmTestEditor(
-        {parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files, *this, copies_}));
+    return Owned(new frmTestEditor({parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files,
+                                    *this, copies_, [this](const QString& path) { AllowOwnTest(path); }}));
+}
+
+void AppNavigator::AllowOwnTest(const QString& path) {
+    TestDocument saved;
+    if (!ReadTestFile(saved, path))
+        return;
+    if (const Result kept = trusted_.Allow(saved.TestFileHash); !kept)
+        parts_.Ports.Boxes.Inform(kept.Message());
 }
 
 bool AppNavigator::OpenEditor() {

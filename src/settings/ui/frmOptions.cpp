@@ -7,8 +7,10 @@
 #include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
+#include "settings/DefaultFolders.h"
 #include "settings/TemplateDescription.h"
 
+#include <QDir>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -48,9 +50,9 @@ QWidget* MakePage(const QString& name, std::initializer_list<QWidget*> groups) {
 
 } // namespace
 
-frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
-                       Navigator& navigator, QWidget* parent)
-    : QDialog(parent), settings_(settings), store_(store), folders_(folders), chooser_(chooser) {
+frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, Prompts& prompts,
+                       FileChooser& chooser, Navigator& navigator, QWidget* parent)
+    : QDialog(parent), settings_(settings), store_(store), folders_(folders), prompts_(prompts), chooser_(chooser) {
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(QStringLiteral("Options"));
 
@@ -205,11 +207,21 @@ void frmOptions::FillControls() {
     ReadDescription();
 }
 
-void frmOptions::TakeControls() {
+bool frmOptions::TakeControls() {
+    if (const Result usable = CheckWorkingDirectory(Txtdirectory_->text()); !usable) {
+        prompts_.Inform(usable.Message() + u'.');
+        tbsOptions_->setCurrentIndex(0);
+        Txtdirectory_->selectAll();
+        Txtdirectory_->setFocus();
+        return false;
+    }
     settings_.AdministratorName = TxtTestAdministrator_->text();
     settings_.NamePersist = Chkpersist_->isChecked();
     settings_.DefaultEditor = txteditor_[0]->text();
-    settings_.DefaultDirectory = Txtdirectory_->text();
+    // A relative one would be another folder as soon as it is the current one.
+    settings_.DefaultDirectory = QDir::isAbsolutePath(Txtdirectory_->text())
+                                     ? Txtdirectory_->text()
+                                     : QDir::toNativeSeparators(QDir(Txtdirectory_->text()).absolutePath());
     settings_.QuestionPrefix = txtsuffix_[0]->text();
     settings_.QuestionSuffix = txtsuffix_[1]->text();
     settings_.DefaultBrowser = txteditor_[1]->text();
@@ -217,6 +229,7 @@ void frmOptions::TakeControls() {
     settings_.DefaultNextPage = txtNextPage_->text();
     settings_.DefaultEmail = txtEmail_->text();
     settings_.BreakAfterQuestionNumber = ChkCarriageReturn_->isChecked();
+    return true;
 }
 
 void frmOptions::ReadDescription() {
@@ -226,12 +239,13 @@ void frmOptions::ReadDescription() {
 void frmOptions::BackToWorkingDirectory() { ChangeDirectory(settings_.DefaultDirectory); }
 
 void frmOptions::OkButton_Click() {
-    TakeControls();
-    accept();
+    if (TakeControls())
+        accept();
 }
 
 void frmOptions::SaveButton_Click() {
-    TakeControls();
+    if (!TakeControls())
+        return;
     SaveSettings(settings_, store_);
     accept();
 }

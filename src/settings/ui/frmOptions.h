@@ -2,6 +2,7 @@
 
 #include "platform/FileChooser.h"
 #include "platform/Navigator.h"
+#include "platform/Prompts.h"
 #include "settings/Settings.h"
 
 #include <QCheckBox>
@@ -20,8 +21,8 @@ class frmOptions : public QDialog {
 
   public:
     /// Changes settings on Apply, Save and Restore Defaults; Save also writes them to the store.
-    frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
-               Navigator& navigator, QWidget* parent = nullptr);
+    frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, Prompts& prompts,
+               FileChooser& chooser, Navigator& navigator, QWidget* parent = nullptr);
 
   private:
     QWidget* MakeGeneralPage();
@@ -37,7 +38,8 @@ class frmOptions : public QDialog {
     void Form_Load();
     void Form_KeyDown(int step);
     void FillControls();
-    void TakeControls();
+    /// False, with nothing changed, when the working directory is refused.
+    bool TakeControls();
     void ReadDescription();
     void BackToWorkingDirectory();
 
@@ -51,6 +53,7 @@ class frmOptions : public QDialog {
     Settings& settings_;
     SettingsStore& store_;
     DefaultFolders folders_;
+    Prompts& prompts_;
     FileChooser& chooser_;
 
     QTabWidget* tbsOptions_ = nullptr;
