@@ -756,6 +756,7 @@ void tst_frmtest::Speech_Question_ReadWithItsAnswers() {
     taking.Do(QStringLiteral("b"));
     QCOMPARE(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name), taking.Status());
     QVERIFY(status.textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
+    QVERIFY(status.focusPolicy() & Qt::TabFocus);
 }
 
 void tst_frmtest::TextSize_Keys_AllAndRemembered() {

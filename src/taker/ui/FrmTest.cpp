@@ -165,6 +165,8 @@ void FrmTest::Guarded(const std::function<void()>& action) {
 }
 
 void FrmTest::ShowPage() {
+    // First: what has gone makes room for what comes, and the window needn't grow for both.
+    ShowButtons();
     framequest_->setTitle(WithoutMnemonic(course_.FrameCaption()));
     const bool question = course_.Page() == TestPage::Question;
     if (question)
@@ -176,7 +178,6 @@ void FrmTest::ShowPage() {
     framequest_->setSizePolicy(QSizePolicy::Expanding, question ? QSizePolicy::Maximum : QSizePolicy::Expanding);
     answers_->setVisible(question);
     answers_->Show(course_, parts_.TheSession);
-    ShowButtons();
     ShowStatus();
     if (course_.BeginVisible())
         CmdBegin_->setFocus();
