@@ -84,6 +84,8 @@ class tst_frmtesteditor : public QObject {
         for (int page = 1; page <= EditorPageCount; ++page) {
             editor.ChooseTab(page - 1);
             check(page);
+            // The keyboard goes on in the page, also from the tabs, which the home view gives it to.
+            QVERIFY(editor.The<QWidget>(u"picOptions_%1"_s.arg(page - 1)).isAncestorOf(editor.window->focusWidget()));
             // The same tab again counts, too: it leads back from the home view.
             editor.ClickOn(u"Command2"_s);
             QCOMPARE(editor.PageInView(), 0);

@@ -253,8 +253,12 @@ void frmTestEditor::ShowTyped(const TypedEntries& typed) {
 }
 
 void frmTestEditor::tbsOptions_Click(int index) {
+    // A question is about the page in view, which then may stay.
+    if (const int before = pages_->currentIndex(); before < EditorPageCount)
+        tbsOptions_->Show(before);
     if (!Settle())
-        return tbsOptions_->Show(pages_->currentIndex());
+        return;
+    tbsOptions_->Show(index);
     Command2_->setText(ToEditorMenu);
     pages_->setCurrentIndex(index);
     questions_->ShowLastQuestion();
