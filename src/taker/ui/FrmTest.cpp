@@ -247,6 +247,12 @@ void FrmTest::mnutestshow_Click(int index) {
         });
 }
 
+void FrmTest::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const bool roomy = width() >= 80 * GridUnit && height() >= 60 * GridUnit;
+    SetRoom(*centralWidget()->layout(), roomy ? 2 : 1, 1);
+}
+
 void FrmTest::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (const int answer = AnswerOfKey(*event); answer != 0 && course_.ShowsMultichoice()) {

@@ -18,11 +18,11 @@ QLayoutItem* WrappingRow::takeAt(int index) {
     return item;
 }
 
-int WrappingRow::WidthOfAll() const {
+int WrappingRow::WidthOfAll(bool least) const {
     int width = 0;
     for (const auto& item : items_)
         if (!item->isEmpty())
-            width += (width > 0 ? spacing() : 0) + item->sizeHint().width();
+            width += (width > 0 ? spacing() : 0) + (least ? item->minimumSize() : item->sizeHint()).width();
     return width;
 }
 
@@ -45,7 +45,9 @@ void WrappingRow::setGeometry(const QRect& room) {
 }
 
 int WrappingRow::Place(const QRect& room, bool moves) const {
-    const int spare = room.width() - WidthOfAll();
+    // Before the row breaks, its items get as narrow as they can be.
+    const bool least = WidthOfAll() > room.width();
+    const int spare = room.width() - WidthOfAll(least);
     int left = room.left();
     int top = room.top();
     int lineHeight = 0;
@@ -55,7 +57,9 @@ int WrappingRow::Place(const QRect& room, bool moves) const {
         QLayoutItem& item = *items_[i];
         if (item.isEmpty())
             continue;
-        const QSize size = item.sizeHint().boundedTo({qMax(room.width(), item.minimumSize().width()), INT_MAX});
+        QSize size = item.sizeHint();
+        if (least)
+            size.setWidth(item.minimumSize().width());
         if (lineHeight > 0 && left + size.width() > room.left() + room.width()) {
             left = room.left();
             top += lineHeight + spacing();

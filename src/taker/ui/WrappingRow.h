@@ -28,7 +28,7 @@ class WrappingRow : public QLayout {
   private:
     /// Returns the height that is needed in that room, and moves the widgets there when asked to.
     int Place(const QRect& room, bool moves) const;
-    int WidthOfAll() const;
+    int WidthOfAll(bool least = false) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> items_;
     size_t gap_ = SIZE_MAX;
