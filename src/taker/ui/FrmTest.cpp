@@ -172,9 +172,12 @@ void FrmTest::ShowPage() {
                                    course_.Page() == TestPage::Completed ? Qt::AlignHCenter : Qt::AlignLeft);
     // What is shown takes the room: the answers below a question, the text alone otherwise.
     framequest_->setSizePolicy(QSizePolicy::Expanding, question ? QSizePolicy::Maximum : QSizePolicy::Expanding);
-    answers_->setVisible(question);
-    answers_->Show(course_, parts_.TheSession);
+    // What goes, goes first: the window would grow to hold both.
+    if (!question)
+        answers_->hide();
     ShowButtons();
+    answers_->Show(course_, parts_.TheSession);
+    answers_->setVisible(question);
     ShowStatus();
     if (course_.BeginVisible())
         CmdBegin_->setFocus();
