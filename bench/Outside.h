@@ -27,7 +27,7 @@ class NoNavigator : public Navigator {
     bool BeginLoadedTest() override { return false; }
     bool AskNames(const QString&) override { return false; }
     void ShowGeneralOptions() override {}
-    void ShowText(const QString&, const QString&) override {}
+    void ShowText(const QString&, const QString&, TextKind) override {}
     void ShowHelp(HelpTopic) override {}
     void ShowAbout() override {}
     bool EditTest() override { return false; }

@@ -2,6 +2,7 @@
 // process of its own, so that the memory is that of one append.
 
 #include "export/workbook/BuiltInSpreadsheet.h"
+#include "export/workbook/NewWorkbook.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -64,22 +65,18 @@ double Seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
-/// Appends to a workbook that has so many rows already; none begins one.
-void AppendRows(benchmark::State& state) {
-    const auto there = static_cast<int>(state.range(0));
+/// Appends so many rows to a copy of the workbook, if there is one.
+void MeasureAppending(benchmark::State& state, const QString& before, int rows) {
     const QTemporaryDir folder;
-    const QString before = folder.filePath(QStringLiteral("before.exl"));
     const QString path = folder.filePath(QStringLiteral("r.exl"));
-    if (there > 0)
-        AppendApart(before, there);
     long peakKilobytes = 0;
     double processorSeconds = 0;
     for (auto _ : state) {
         QFile::remove(path);
-        if (there > 0 && !QFile::copy(before, path))
+        if (QFile::exists(before) && !QFile::copy(before, path))
             std::abort();
         const auto begin = std::chrono::steady_clock::now();
-        const rusage usage = AppendApart(path, static_cast<int>(state.range(1)));
+        const rusage usage = AppendApart(path, rows);
         state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
         processorSeconds += Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
         peakKilobytes = std::max(peakKilobytes, usage.ru_maxrss);
@@ -88,6 +85,15 @@ void AppendRows(benchmark::State& state) {
     state.counters["cpu_ms"] = 1000 * processorSeconds / static_cast<double>(state.iterations());
     state.counters["file_MB"] = static_cast<double>(QFile(path).size()) / (1 << 20);
 }
+
+/// Appends to a workbook that has so many rows already; none begins one.
+void AppendRows(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const QString before = folder.filePath(QStringLiteral("before.exl"));
+    if (state.range(0) > 0)
+        AppendApart(before, static_cast<int>(state.range(0)));
+    MeasureAppending(state, before, static_cast<int>(state.range(1)));
+}
 BENCHMARK(AppendRows)
     ->ArgNames({"there", "more"})
     ->Args({0, 1})
@@ -95,8 +101,28 @@ BENCHMARK(AppendRows)
     ->Args({10'000, 1})
     ->Args({50'000, 1})
     ->Args({0, 10'000})
+    ->Args({500'000, 100'000})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+
+/// Appends one row to a sheet with so many formulas that may depend on anything.
+void AppendBesideFormulas(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const QString before = folder.filePath(QStringLiteral("before.exl"));
+    QByteArray rows = "<worksheet><sheetData>";
+    for (int row = 1; row <= state.range(0); ++row) {
+        const QByteArray number = QByteArray::number(row);
+        rows += "<row r=\"" + number + "\"><c r=\"AA" + number + "\"><f>INDIRECT(\"B" + number + "\")</f><v>1</v></c></row>";
+    }
+    ZipPackage package(NewWorkbookBytes());
+    package.Put(QStringLiteral("xl/worksheets/sheet1.xml"), rows + "</sheetData></worksheet>");
+    QFile file(before);
+    if (!file.open(QIODevice::WriteOnly) || file.write(package.Pack()) < 0)
+        std::abort();
+    file.close();
+    MeasureAppending(state, before, 1);
+}
+BENCHMARK(AppendBesideFormulas)->Arg(100'000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "app/ProgramStart.h"
 
+#include "platform/Directories.h"
 #include "testdoc/TestParser.h"
 
 #include <QFileInfo>
@@ -12,6 +13,24 @@ void LoadSettingsOnce(ProgramStart& start, Session& session, SettingsStore& stor
     session.AdministratorName = session.UserSettings.AdministratorName;
     TakeHtmlSettings(session);
     start.SettingsLoaded = true;
+}
+
+Result EnsureWorkingDirectory(Settings& settings, const DefaultFolders& folders) {
+    const Result usable = CheckWorkingDirectory(settings.DefaultDirectory);
+    if (usable)
+        return usable;
+    QString message = usable.Message() + QStringLiteral(".\n\n");
+    MakeDirectory(folders.WorkingDirectory);
+    if (CheckWorkingDirectory(folders.WorkingDirectory)) {
+        settings.DefaultDirectory = folders.WorkingDirectory;
+        message +=
+            QStringLiteral("Until Vellumo is started again, or another one is chosen in Options, tests are listed "
+                           "from '") +
+            folders.WorkingDirectory + QStringLiteral("' and results are written there.");
+    } else {
+        message += QStringLiteral("Choose another one in Options.");
+    }
+    return Result::Failed(message);
 }
 
 QString PathOfCommandLine(const QString& commandLine) {

@@ -4,6 +4,10 @@
 #include "platform/Directories.h"
 #include "testdoc/TestParser.h"
 
+#include <QCollator>
+
+#include <algorithm>
+
 namespace {
 
 QString PrintableQuestions(const TestDocument& test) {
@@ -20,20 +24,35 @@ QString PrintableQuestions(const TestDocument& test) {
     return text;
 }
 
+QString TitleOf(TestDocument& test, const QString& file) {
+    if (const Result read = ReadTestFile(test, file); !read)
+        return file + QStringLiteral(": ") + read.Message();
+    try {
+        LoadTitle(test);
+    } catch (const Failure& failure) {
+        return file + QStringLiteral(": ") + failure.Message();
+    }
+    return test.TestTitle;
+}
+
+void SortByTitle(std::vector<ListedTest>& tests) {
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    collator.setNumericMode(true);
+    std::ranges::stable_sort(tests, [&](const ListedTest& left, const ListedTest& right) {
+        return collator.compare(left.Title, right.Title) < 0;
+    });
+}
+
 } // namespace
 
 std::vector<ListedTest> ListTests(TestDocument& test) {
     std::vector<ListedTest> tests;
     const QStringList files = ListFiles(QStringLiteral("*.vlm"));
     tests.reserve(static_cast<size_t>(files.size()));
-    for (const QString& file : files) {
-        if (const Result read = ReadTestFile(test, file); !read) {
-            tests.push_back({file, file + QStringLiteral(": ") + read.Message()});
-            continue;
-        }
-        LoadTitle(test);
-        tests.push_back({file, test.TestTitle});
-    }
+    for (const QString& file : files)
+        tests.push_back({file, TitleOf(test, file)});
+    SortByTitle(tests);
     // Once is enough: nothing but the title is taken from a file, and each file sets it anew.
     ClearTest(test);
     return tests;

@@ -9,12 +9,12 @@
 /// One test file of the working directory.
 struct ListedTest {
     QString FileName;
-    /// The test's title; for a file that can't be read, its file name and the reason.
+    /// The test's title; for a file that can't be read or understood, its file name and the reason.
     QString Title;
 };
 
-/// The "*.vlm" files of the current directory, in the order of the directory listing. The document serves for reading
-/// and is cleared afterwards. Throws ParseError when a title can't be understood.
+/// The "*.vlm" files of the current directory, sorted by title as the user's language does, and by file name where
+/// titles are the same. The document serves for reading and is cleared afterwards.
 std::vector<ListedTest> ListTests(TestDocument& test);
 
 /// The parts of a test that the start screen shows, in the order of its buttons.

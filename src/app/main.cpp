@@ -80,8 +80,7 @@ int main(int argc, char** argv) {
     start.Known = FoldersOfThisMachine();
     const DefaultFolders folders = ChooseDefaultFolders(start.Known);
 
-    const QString copies =
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/unsaved");
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     AppNavigator navigator({session,
                             start,
                             *store,
@@ -90,11 +89,13 @@ int main(int argc, char** argv) {
                             *launcher,
                             {prompts, chooser, printer, clipboard, *office, *word},
                             [] { QCoreApplication::quit(); },
-                            copies});
+                            data + QStringLiteral("/unsaved"),
+                            data + QStringLiteral("/trusted-tests"),
+                            QStringLiteral(VELLUMO_SAMPLE_HASHES).split(u' ')});
     QtExportWindows exportWindows(chooser, navigator);
     SpreadsheetExport exporter(prompts, clock, *office, SystemSpreadsheet(launcher.get(), QtExportWindows::StayPainted),
                                exportWindows);
     navigator.UseExporter(exporter);
     navigator.Start();
-    return navigator.Ended() ? 0 : QApplication::exec();
+    return QApplication::exec();
 }

@@ -1,7 +1,9 @@
 #include "base/Text.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
+#include "taker/TestTrust.h"
 #include "testdoc/TestChecker.h"
+#include "testdoc/TestParser.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -47,12 +49,27 @@ QStringList TestsAt(const QString& path) {
     return paths;
 }
 
+/// What makes the program ask before it begins the test, from a working directory such as this user's.
+QStringList QuestionsBefore(const QString& path, const Settings& settings) {
+    TestDocument test;
+    try {
+        if (!OpenTest(test, path))
+            return {};
+    } catch (const Failure&) {
+        return {};
+    }
+    return ActsBeyondItsResults(test, {settings.DefaultDirectory, settings.DefaultEditor});
+}
+
 /// Returns whether the test is free of errors.
-bool Check(const QString& path, Output& output) {
+bool Check(const QString& path, Output& output, const Settings& settings) {
     const CheckedTest checked = CheckTestFile(path);
     const QString prefix = path + QStringLiteral(": ");
     for (const Finding& finding : checked.Findings)
         output.Write((prefix + FindingLine(finding) + u'\n').toUtf8());
+    for (const QString& act : QuestionsBefore(path, settings))
+        output.Write(
+            (prefix + OneLine(QStringLiteral("warning: Vellumo asks whether the test may ") + act) + u'\n').toUtf8());
     for (const ScaleReach& scale : checked.Scales)
         output.Write((prefix + ScaleLine(scale) + u'\n').toUtf8());
     return !checked.HasErrors();
@@ -67,7 +84,7 @@ int Run(const CommandLine& line, Console& console) {
             output.Write((path + QStringLiteral(": error: the directory holds no tests (*.vlm)\n")).toUtf8());
         good = good && !tests.isEmpty();
         for (const QString& test : tests)
-            good = Check(test, output) && good;
+            good = Check(test, output, console.UserSettings) && good;
     }
     output.Finish();
     return good ? Done : Unusable;
@@ -80,7 +97,8 @@ const Command& CheckCommand() {
         QStringLiteral("check"),
         QStringLiteral("FILE..."),
         QStringLiteral("Checks tests, and tells the lowest and highest score that each scale can reach.\n\n"
-                       "A directory checks all of its tests. Errors keep a test from being read or taken."),
+                       "A directory checks all of its tests. Errors keep a test from being read or taken. A warning\n"
+                       "also says what Vellumo asks about before it begins the test."),
         {},
         1,
         -1,

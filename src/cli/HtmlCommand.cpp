@@ -10,6 +10,7 @@ namespace {
 const QString TemplateOption = QStringLiteral("--template");
 const QString EmailOption = QStringLiteral("--email");
 const QString NextPageOption = QStringLiteral("--next-page");
+const QString LanguageOption = QStringLiteral("--language");
 const QString OutputOption = QStringLiteral("--output");
 const QString HostOption = QStringLiteral("--insert-into");
 const QString BeforeOption = QStringLiteral("--before");
@@ -31,6 +32,9 @@ void RequireSense(const CommandLine& line) {
         throw UsageError(QStringLiteral("'--insert-into' and one of '--before' and '--after' need each other"));
     if (pointed && line.Value(BeforeOption).isEmpty() && line.Value(AfterOption).isEmpty())
         throw UsageError(QStringLiteral("Please enter some text to use as an insertion point"));
+    if (line.Has(LanguageOption) && !IsLanguageTag(line.Value(LanguageOption)))
+        throw UsageError(Quoted(line.Value(LanguageOption)) +
+                         QStringLiteral(" is no language; '--language de' is one"));
     for (const QString& option : {HostOption, OutputOption})
         if (line.Has(option) && line.Value(option).isEmpty())
             throw UsageError(Quoted(option) + QStringLiteral(" needs a file"));
@@ -57,6 +61,7 @@ int Run(const CommandLine& line, Console& console) {
     session.HtmlTemplatePath = either(TemplateOption, session.HtmlTemplatePath);
     session.HtmlEmailAddress = either(EmailOption, session.HtmlEmailAddress);
     session.HtmlNextPage = either(NextPageOption, session.HtmlNextPage);
+    session.HtmlLanguage = either(LanguageOption, session.HtmlLanguage);
     OpenTestFor(line.Files[0], session.Test);
 
     HostPage host;
@@ -73,7 +78,7 @@ int Run(const CommandLine& line, Console& console) {
             throw Failure(QStringLiteral("Text For Insertion Not Found"));
         page = *inserted;
     } else if (!line.Has(FragmentOption)) {
-        page = NewPage(session.Test.TestTitle, page);
+        page = NewPage(session.Test.TestTitle, page, PageLanguage(session.HtmlLanguage));
     }
     if (!line.Has(FragmentOption))
         page += LineBreak;
@@ -98,10 +103,11 @@ const Command& HtmlCommand() {
         {{TemplateOption, QStringLiteral("T"), QStringLiteral("the template to fill in")},
          {EmailOption, QStringLiteral("A"), QStringLiteral("where the page sends its results")},
          {NextPageOption, QStringLiteral("U"), QStringLiteral("where the page leads afterwards")},
+         {LanguageOption, QStringLiteral("L"), QStringLiteral("the language that the page declares, such as de")},
          {OutputOption, QStringLiteral("OUT"), QStringLiteral("write the page to OUT")},
          {HostOption, QStringLiteral("HOST"), QStringLiteral("insert it into the page HOST, which stays as it is")},
          {BeforeOption, QStringLiteral("TEXT"), QStringLiteral("before the first TEXT of HOST")},
-         {AfterOption, QStringLiteral("TEXT"), QStringLiteral("behind the first TEXT of HOST")},
+         {AfterOption, QStringLiteral("TEXT"), QStringLiteral("after the first TEXT of HOST")},
          {FragmentOption, {}, QStringLiteral("only what the template makes, without a page around it")}},
         1,
         1,

@@ -1,13 +1,12 @@
 #include "cli/Command.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 #include "testdoc/TestWriter.h"
 
 namespace {
 
 int Run(const CommandLine& line, Console& console) {
     TestDocument test;
-    if (const Result opened = OpenTest(test, AbsolutePath(line.Files[0])); !opened)
-        throw Failure(opened.Message());
+    OpenTestNamingEarlier(test, AbsolutePath(line.Files[0]));
     test.TestFileName = AbsolutePath(line.Files[1]);
     const SaveOutcome saved = SaveTestFile(test);
     if (!saved.Written)

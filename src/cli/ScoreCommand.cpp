@@ -2,6 +2,7 @@
 #include "cli/WorkbookRows.h"
 #include "platform/Directories.h"
 #include "taker/AutoReport.h"
+#include "taker/TestTrust.h"
 
 #include <charconv>
 
@@ -63,9 +64,13 @@ bool WriteReports(QFile& file, TestDocument& test, const ReportContext& context,
     Rewind(file);
     ReadResponses(file, test, ResponsesReader::Texts::Kept, console, [&](const ResponsesReader& reader) {
         const int saidBefore = prompts.Count();
-        const QString path = ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
-        const Result written =
-            WriteReportFile(path, ReportOfRow(reader, test, context), test.TestOption(AppendToReportFile));
+        const auto nextPath = [&] {
+            return ReportPathFor(test, QString::fromStdString(reader.Client()), prompts, &taken);
+        };
+        QString path = nextPath();
+        const QString report = ReportOfRow(reader, test, context);
+        const Result written = test.TestOption(AppendToReportFile) ? WriteReportFile(path, report, true)
+                                                                   : WriteNewReportFile(path, report, nextPath);
         const QString row = QStringLiteral("row %1: ").arg(reader.Row());
         if (!written)
             Say(console, row + written.Message());
@@ -84,6 +89,8 @@ void PrepareReports(const QString& directory, QFile& file, TestDocument& test) {
     if (!DirectoryExists(directory))
         throw Failure(QStringLiteral("Can't make directory: ") + directory);
     test.ReportDirectory = directory;
+    // The command line alone says where the reports go.
+    test.AutosaveFileName = PlainName(test.AutosaveFileName);
 }
 
 /// Puts all rows into the workbook, which is left without being saved.
@@ -120,8 +127,11 @@ int Run(const CommandLine& line, Console& console) {
     if (!directory.isEmpty())
         PrepareReports(directory, file, test);
     // From here on things are written.
-    if (workbook)
+    if (workbook) {
         workbook->Save();
+        for (const QString& note : workbook->Notes())
+            Say(console, note);
+    }
     const bool allWritten = directory.isEmpty() || WriteReports(file, test, context, console);
     Output output(console.Out);
     spool.CopyTo(output);

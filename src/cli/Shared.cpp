@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "taker/Administration.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 
 #include <QFileInfo>
 
@@ -50,10 +50,7 @@ ReportContext ReportContextFrom(const CommandLine& line, const Console& console)
     return context;
 }
 
-void OpenTestFor(const QString& path, TestDocument& test) {
-    if (const Result opened = OpenTest(test, AbsolutePath(path)); !opened)
-        throw Failure(opened.Message());
-}
+void OpenTestFor(const QString& path, TestDocument& test) { OpenTestNamingEarlier(test, AbsolutePath(path)); }
 
 void RequireQuestions(const TestDocument& test) {
     if (const Result result = CanBegin(test); !result)

@@ -1,8 +1,8 @@
+#include "base/JsonWriter.h"
 #include "cli/Command.h"
-#include "cli/JsonWriter.h"
 #include "cli/Output.h"
 #include "cli/Shared.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 
 namespace {
 
@@ -119,8 +119,7 @@ void WriteOptions(JsonWriter& json, const TestDocument& test) {
 
 int Run(const CommandLine& line, Console& console) {
     TestDocument test;
-    if (const Result opened = OpenTest(test, AbsolutePath(line.Files[0])); !opened)
-        throw Failure(opened.Message());
+    OpenTestNamingEarlier(test, AbsolutePath(line.Files[0]));
     Output output(console.Out);
     output.Write(JsonOf(test));
     output.Finish();

@@ -9,32 +9,30 @@ WorkbookRows::WorkbookRows(const QString& path, const TestDocument& test, const 
     : path_(path),
       date_(context.Now.date()),
       application_(SystemSpreadsheet()()),
-      columns_(ResultColumnsOf(test, context.QuestionPrefix, context.QuestionSuffix)) {
+      sheet_(*application_, test, context.QuestionPrefix, context.QuestionSuffix) {
     isNew_ = !QFileInfo::exists(path);
     try {
         application_->OpenWorkbook(path);
         isNew_ = false;
     } catch (const SpreadsheetError& failure) {
-        if (failure.Number() == WorkbookOpenElsewhere)
-            throw Failure(WorkbookOpenMessage(path));
+        if (const QString inUse = InUseMessage(failure, path); !inUse.isEmpty())
+            throw Failure(inUse);
         if (!isNew_)
             throw Failure(SaveFailedMessage(failure));
         application_->AddWorkbook();
-        WriteHeads(*application_, test, columns_);
+        sheet_.Begin();
+        return;
     }
-    row_ = FindDataRow(*application_);
+    sheet_.Find(path);
 }
 
 void WorkbookRows::Append(const ResponsesReader& reader) {
     try {
         const ResponseSet responses = reader.Responses();
-        WriteResultRow(*application_, row_, columns_,
-                       {QString::fromStdString(reader.Client()), date_, responses, reader.RowScores()});
+        sheet_.Append({QString::fromStdString(reader.Client()), date_, responses, reader.RowScores()});
     } catch (const SpreadsheetError& failure) {
         throw Failure(QStringLiteral("row %1: ").arg(reader.Row()) + failure.Message());
     }
-    while (!std::holds_alternative<std::monostate>(application_->Cells(row_, 1)) && !columns_.empty())
-        ++row_;
 }
 
 void WorkbookRows::Save() {
@@ -44,6 +42,10 @@ void WorkbookRows::Save() {
         else
             application_->SaveActiveWorkbook();
     } catch (const SpreadsheetError& failure) {
-        throw Failure(SaveFailedMessage(failure));
+        if (failure.Number() != WorkbookSavedBut)
+            throw Failure(SaveFailedMessage(failure));
+        notes_.append(failure.Message());
     }
+    if (!sheet_.Note().isEmpty())
+        notes_.append(sheet_.Note());
 }

@@ -1,112 +1,140 @@
 #include "editor/EditorFile.h"
 
+#include "editor/LeftTest.h"
 #include "platform/Directories.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/EarlierTest.h"
 #include "testdoc/TestWriter.h"
 
+#include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
 const QString WindowTitle = QStringLiteral("Vellumo Editor - ");
 constexpr int MaxListedFiles = 10;
 
+/// What tells one content of a file from another; empty when there is no such file.
+QByteArray DigestOf(const QString& path) {
+    QFile file(path);
+    QCryptographicHash digest(QCryptographicHash::Sha256);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !digest.addData(&file))
+        return {};
+    return digest.result();
+}
+
+/// From scratch: what ClearTest leaves of an earlier test must not come into a new one.
+TestDocument EmptyTest(const QString& name) {
+    TestDocument test;
+    ClearTest(test);
+    test.TestFileName = name;
+    return test;
+}
+
 } // namespace
 
 bool EditorFile::Load() {
-    if (HasTest()) {
-        if (!Read(parts_.Test.TestFileName))
-            return false;
-    } else {
-        Clear();
-    }
-    parts_.Copies.Begin(parts_.Test);
-    view_.RefreshFromTest();
-    saved_ = false;
-    view_.ShowHome();
+    const QString path = HasTest() ? AbsolutePath(parts_.Test.TestFileName) : QString();
+    if (const Offer offer = OfferLeftCopy(path, Answer::Proceed); offer != Offer::None)
+        return offer == Offer::Taken;
+    TestDocument test = EmptyTest({});
+    if (!path.isEmpty() && !Read(path, test))
+        return false;
+    Replace(test, Answer::Proceed);
     return true;
 }
 
-void EditorFile::LoadRecovered() {
+void EditorFile::LoadRecovered(const TypedEntries& typed) {
+    inFile_ = false;
+    inFileThen_ = DigestOf(parts_.Test.TestFileName);
+    newIn_.clear();
     view_.RefreshFromTest();
     view_.ShowHome();
+    view_.ShowTyped(typed);
     saved_ = false;
 }
 
 void EditorFile::New() {
-    if (!MayReplace())
+    const Answer answer = SettleAndQuerySave();
+    if (answer == Answer::Stay)
         return;
-    Clear();
-    parts_.Test.TestFileName = QStringLiteral("untitled.vlm");
-    parts_.Copies.Begin(parts_.Test);
-    view_.RefreshFromTest();
-    view_.ShowHome();
+    newIn_ = QDir::currentPath();
+    Replace(EmptyTest(QStringLiteral("untitled.vlm")), answer);
 }
 
 void EditorFile::Open() {
-    if (!MayReplace())
+    const Answer answer = SettleAndQuerySave();
+    if (answer == Answer::Stay)
         return;
-    Clear();
     const QString path =
         parts_.Files.OpenFile({{}, QStringLiteral("Test Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, {}});
     ChangeDirectory(parts_.UserSettings.DefaultDirectory);
-    if (path.isEmpty())
-        parts_.Copies.Begin(parts_.Test);
-    else
-        OpenPath(path);
+    if (!path.isEmpty())
+        OpenPath(path, answer);
 }
 
 void EditorFile::OpenListed(int i) {
-    if (!MayReplace())
-        return;
-    Clear();
-    OpenPath(QDir(listedIn_).filePath(fileList_.at(i - 1)));
+    const QString path = QDir(listedIn_).filePath(fileList_.at(i - 1));
+    if (const Answer answer = SettleAndQuerySave(); answer != Answer::Stay)
+        OpenPath(path, answer);
 }
 
-void EditorFile::OpenPath(const QString& path) {
-    // A test that can't be read must not leave its name behind, under which an empty one could be saved.
-    if (!Read(path))
-        Clear();
-    parts_.Copies.Begin(parts_.Test);
-    if (ended_)
-        return;
-    view_.RefreshFromTest();
-    view_.ShowHome();
+void EditorFile::OpenPath(const QString& path, Answer answer) {
+    const QString absolute = AbsolutePath(path);
+    TestDocument test;
+    if (OfferLeftCopy(absolute, answer) == Offer::None && Read(absolute, test))
+        Replace(test, answer);
 }
 
-bool EditorFile::Read(const QString& path) {
+EditorFile::Offer EditorFile::OfferLeftCopy(const QString& path, Answer answer) {
+    while (const auto left = parts_.Copies.LeftOf(path)) {
+        const PromptAnswer wanted = parts_.Boxes.Ask(LeftTestQuestion(*left, LeftTestOffer::AtOpening));
+        if (wanted == PromptAnswer::No) {
+            parts_.Copies.Discard(*left);
+            continue;
+        }
+        if (wanted != PromptAnswer::Yes)
+            return Offer::Cancelled;
+        if (answer == Answer::Discard)
+            parts_.Copies.Drop(parts_.Test);
+        // Another program may have been quicker; the changes are in its editor then.
+        if (!parts_.Copies.GoOnWith(*left))
+            return Offer::None;
+        parts_.Test = left->Test;
+        LoadRecovered(left->Typed);
+        return Offer::Taken;
+    }
+    return Offer::None;
+}
+
+bool EditorFile::Read(const QString& path, TestDocument& into) {
     try {
-        const Result opened = OpenTest(parts_.Test, AbsolutePath(path));
+        const Result opened = OpenTestOrEarlier(into, path, parts_.Boxes);
         if (!opened)
             parts_.Boxes.Inform(opened.Message());
-        inFile_ = opened.Ok();
-        return inFile_;
+        return opened.Ok();
     } catch (const Failure& failure) {
-        ended_ = true;
-        parts_.Boxes.Ask({failure.Message(), {}, PromptButtons::Ok, PromptIcon::Critical});
-        parts_.Ways.EndProgram();
+        // Only some of the reader's messages name the file.
+        const QString& message = failure.Message();
+        parts_.Boxes.Inform(message.contains(path) ? message : CantReadTestFile(path, message));
         return false;
     }
 }
 
-// From scratch: what ClearTest leaves of an earlier test must not come into a new one.
-void EditorFile::Clear() {
-    parts_.Test = TestDocument();
-    ClearTest(parts_.Test);
-    inFile_ = false;
-}
-
-bool EditorFile::MayReplace() {
-    KeepCopy();
-    if (QuerySave() == Answer::Stay)
-        return false;
-    // A dialog may stand open before the next test is there, and what the timer would keep then isn't this one.
-    parts_.Copies.End();
-    return true;
+void EditorFile::Replace(const TestDocument& test, Answer answer) {
+    if (answer == Answer::Discard)
+        parts_.Copies.Drop(parts_.Test);
+    parts_.Test = test;
+    inFile_ = QDir::isAbsolutePath(test.TestFileName);
+    inFileThen_ = DigestOf(test.TestFileName);
+    parts_.Copies.Begin(parts_.Test);
+    view_.RefreshFromTest();
+    view_.ShowHome();
 }
 
 void EditorFile::KeepCopy() {
-    const Result kept = parts_.Copies.Keep(parts_.Test);
+    const Result kept = parts_.Copies.Keep(parts_.Test, view_.Typed());
     // Told once: it comes every few seconds, and the test itself is unharmed.
     if (!kept && !copyFailureTold_) {
         copyFailureTold_ = true;
@@ -115,8 +143,10 @@ void EditorFile::KeepCopy() {
 }
 
 bool EditorFile::Save() {
+    if (!view_.Settle())
+        return false;
     if (HasTest())
-        return SaveTest();
+        return QDir::isAbsolutePath(parts_.Test.TestFileName) ? SaveToKnownFile() : SaveNew();
     if (SaveAs())
         return true;
     if (!HasTest()) {
@@ -126,7 +156,48 @@ bool EditorFile::Save() {
     return false;
 }
 
+bool EditorFile::SaveNew() {
+    const QString name = parts_.Test.TestFileName;
+    const QString path = newIn_.isEmpty() ? AbsolutePath(name) : AbsolutePath(QDir(newIn_).filePath(name));
+    // A link that leads nowhere is someone's, too.
+    if (const QFileInfo file(path); file.exists() || file.isSymLink())
+        return SaveAs();
+    parts_.Test.TestFileName = path;
+    const bool saved = SaveTest();
+    if (!saved && !QFileInfo::exists(path)) {
+        parts_.Test.TestFileName = name;
+        view_.ShowTitle(Title());
+    }
+    return saved;
+}
+
+bool EditorFile::SaveToKnownFile() {
+    const QString path = parts_.Test.TestFileName;
+    const QByteArray now = DigestOf(path);
+    if (!inFileThen_ || now.isEmpty() || now == *inFileThen_)
+        return SaveTest();
+    enum { ReplaceIt, SaveItAs };
+    switch (parts_.Boxes.Choose({QStringLiteral("The file '") + path +
+                                     QStringLiteral("' was changed by another program after it was opened here. To "
+                                                    "replace it loses what was written to it then."),
+                                 {{QStringLiteral("&Replace"), ChoiceRole::Discard},
+                                  {QStringLiteral("Save &As")},
+                                  {QStringLiteral("Cancel"), ChoiceRole::Reject}},
+                                 SaveItAs,
+                                 2,
+                                 QStringLiteral("Changed Elsewhere")})) {
+    case ReplaceIt:
+        return SaveTest();
+    case SaveItAs:
+        return SaveAs();
+    default:
+        return false;
+    }
+}
+
 bool EditorFile::SaveAs() {
+    if (!view_.Settle())
+        return false;
     const QString path = parts_.Files.SaveFile(
         {{}, QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, QStringLiteral(".vlm")});
     ChangeDirectory(parts_.UserSettings.DefaultDirectory);
@@ -143,6 +214,9 @@ bool EditorFile::SaveTest() {
     view_.ShowTitle(Title());
     const SaveOutcome outcome = SaveTestFile(parts_.Test);
     saved_ = inFile_ = outcome.Written;
+    if (outcome.Written && parts_.Saved)
+        parts_.Saved(parts_.Test.TestFileName);
+    inFileThen_ = DigestOf(parts_.Test.TestFileName);
     if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
     else if (outcome.Written)
@@ -153,6 +227,14 @@ bool EditorFile::SaveTest() {
     return outcome.Written && outcome.OpensAgain;
 }
 
+EditorFile::Answer EditorFile::SettleAndQuerySave() {
+    KeepCopy();
+    if (!view_.Settle())
+        return Answer::Stay;
+    KeepCopy();
+    return QuerySave();
+}
+
 EditorFile::Answer EditorFile::QuerySave() {
     if (saved_)
         return Answer::Proceed;
@@ -161,11 +243,19 @@ EditorFile::Answer EditorFile::QuerySave() {
     case PromptAnswer::Yes:
         return (HasTest() ? Save() : SaveAs()) ? Answer::Proceed : Answer::Stay;
     case PromptAnswer::No:
-        parts_.Copies.Drop(parts_.Test);
-        return Answer::Proceed;
+        return Answer::Discard;
     default:
         return Answer::Cancel;
     }
+}
+
+bool EditorFile::MayLeave(bool cancelStays) {
+    const Answer answer = SettleAndQuerySave();
+    if (answer == Answer::Stay || (answer == Answer::Cancel && cancelStays))
+        return false;
+    if (answer == Answer::Discard)
+        parts_.Copies.Drop(parts_.Test);
+    return true;
 }
 
 void EditorFile::ListFilesAgain() {
@@ -174,7 +264,7 @@ void EditorFile::ListFilesAgain() {
 }
 
 QString EditorFile::SaveState() const {
-    if (parts_.Copies.HasChanges(parts_.Test))
+    if (parts_.Copies.HasChanges(parts_.Test, view_.Typed()))
         return QStringLiteral("Not saved");
     return inFile_ ? QStringLiteral("Saved") : QString();
 }

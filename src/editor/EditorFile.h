@@ -9,6 +9,9 @@
 
 #include <QStringList>
 
+#include <functional>
+#include <optional>
+
 /// The window of the editor, as far as opening and saving concern it.
 class EditorView {
   public:
@@ -18,6 +21,12 @@ class EditorView {
     virtual void ShowHome() = 0;
     virtual void ShowTitle(const QString& title) = 0;
     virtual void ShowSaveState(const QString& state) = 0;
+    /// Puts what is typed into the document, after a question where it needs one. False when one is to stay.
+    virtual bool Settle() = 0;
+    /// What is typed and isn't in the document.
+    virtual TypedEntries Typed() = 0;
+    /// Shows it in its boxes again.
+    virtual void ShowTyped(const TypedEntries& typed) = 0;
 };
 
 /// What is outside of the editor. All of it outlives the editor.
@@ -28,6 +37,8 @@ struct EditorFileParts {
     FileChooser& Files;
     Navigator& Ways;
     Recovery& Copies;
+    /// Is told of each file that the person's test was written to; may be empty.
+    std::function<void(const QString& path)> Saved = {};
 };
 
 /// Opening, saving, and the question before unsaved changes are given up: the rules of the editor's File menu.
@@ -35,26 +46,26 @@ class EditorFile {
   public:
     EditorFile(const EditorFileParts& parts, EditorView& view) : parts_(parts), view_(view) {}
 
-    /// Reads the file that the document names, if it names one, and shows the home view. False when it can't be read,
-    /// which a message has told, or when the program ends on its content.
+    /// Reads the file that the document names, if it names one, and shows the home view; a copy of unsaved changes in
+    /// it is offered first. False when the file can't be read, which a message has then said, or the person wants none
+    /// of it; the document is as it was then.
     bool Load();
-    /// Goes on with the document as it is, with changes that are in no file.
-    void LoadRecovered();
+    /// Goes on with the document as it is, with changes that are in no file, and with what was typed for it.
+    void LoadRecovered(const TypedEntries& typed);
 
+    /// These three ask before they give anything up. The test stays until there is another one in its place.
     void New();
     void Open();
     void OpenListed(int i);
-    /// Save and SaveAs say whether the test is in its file now and can be opened again.
+    /// Save and SaveAs say whether the test is in its file now and can be opened again. Save asks for a name as SaveAs
+    /// does where the test has none, or one of a new test that another file has already; and it asks before it replaces
+    /// what another program wrote to the file meanwhile.
     bool Save();
     bool SaveAs();
 
-    enum class Answer {
-        Proceed,
-        Cancel, ///< only the closing of the window heeds it
-        Stay,   ///< the test was to be saved and couldn't be: nothing may be given up
-    };
-    /// Asks whether to save, unless there is nothing to save.
-    Answer QuerySave();
+    /// Before the editor is left: settles what is typed and asks whether to save. The answer Cancel is heeded only
+    /// where cancelStays. False when the editor is to stay.
+    bool MayLeave(bool cancelStays);
 
     /// Brings the copy of unsaved changes up to date.
     void KeepCopy();
@@ -71,23 +82,39 @@ class EditorFile {
 
     QString Title() const;
     QString HomeMessage() const;
+    /// A test that was never saved has a name without a directory.
     bool HasTest() const { return !parts_.Test.TestFileName.isEmpty(); }
 
   private:
-    void OpenPath(const QString& path);
-    bool Read(const QString& path);
-    void Clear();
+    enum class Answer {
+        Proceed,
+        Discard, ///< the changes
+        Cancel,  ///< only the closing of the window heeds it
+        Stay,    ///< something is to stay, or couldn't be saved: nothing may be given up
+    };
+    Answer SettleAndQuerySave();
+    Answer QuerySave();
+
+    enum class Offer { None, Taken, Cancelled };
+    Offer OfferLeftCopy(const QString& path, Answer answer);
+
+    void OpenPath(const QString& path, Answer answer);
+    bool Read(const QString& path, TestDocument& into);
+    void Replace(const TestDocument& test, Answer answer);
     bool SaveTest();
-    /// Before the document is replaced: false when it must stay.
-    bool MayReplace();
+    bool SaveNew();
+    bool SaveToKnownFile();
 
     EditorFileParts parts_;
     EditorView& view_;
     bool saved_ = true;
     bool inFile_ = false;
-    bool ended_ = false;
     bool copyFailureTold_ = false;
+    /// What the file held when it was last read or written here: a digest, empty when there was no file. Nothing while
+    /// that isn't known.
+    std::optional<QByteArray> inFileThen_;
     QStringList fileList_;
-    /// The current directory may be another one by the time that a file is chosen.
+    /// The current directory may be another one by the time that a file is chosen, or a new test saved.
     QString listedIn_;
+    QString newIn_;
 };

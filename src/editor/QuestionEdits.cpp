@@ -64,9 +64,6 @@ Result AddQuestion(TestDocument& test, int previous, const QuestionBoxes& boxes)
     test.QuestionCount = q;
     test.QuestionText(q) = boxes.Text;
     test.QuestionSubscale(q) = boxes.Subscale.value_or(previous == 0 ? 0 : test.QuestionSubscale(previous));
-    // The one before loses its sub-scale, not the new one.
-    if (HasTypedAnswer(boxes.Type) && previous != 0)
-        test.QuestionSubscale(previous) = 0;
     test.QuestionType(q) = boxes.Type;
     if (boxes.Type == Multichoice)
         CopyOwnAnswers(test, previous, q);

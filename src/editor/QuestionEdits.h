@@ -35,8 +35,7 @@ int AnswerBefore(const TestDocument& test, int q, int a);
 int AnswerAfter(const TestDocument& test, int q, int a);
 
 /// Appends a question; it is the last one then. previous is the question shown before (0 for none): a multichoice
-/// question begins with a copy of its answers, and a short or long one takes its sub-scale away from it. Where no
-/// sub-scale is chosen the new question has the one of previous.
+/// question begins with a copy of its answers, and where no sub-scale is chosen the new one has that of previous.
 Result AddQuestion(TestDocument& test, int previous, const QuestionBoxes& boxes);
 /// A short or long question has no sub-scale then, and any but a multichoice one no answers of its own.
 Result EditQuestion(TestDocument& test, int q, const QuestionBoxes& boxes);

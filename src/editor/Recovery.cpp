@@ -7,6 +7,9 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,11 +17,10 @@ const QString Extension = QStringLiteral(".recovery");
 /// The longest test of the longest texts stays far below it.
 constexpr qint64 LongestCopy = 64 << 20;
 
-std::unique_ptr<QLockFile> LockFor(const QString& path) {
-    auto lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
-    // A lock is stale when its program is gone, however old it is.
-    lock->setStaleLockTime(0);
-    return lock;
+/// The lock of a copy, by the name that earlier versions of the program use, too; null when another program has it.
+std::unique_ptr<FileLock> LockedCopy(const QString& path) {
+    auto lock = std::make_unique<FileLock>(path, path + QStringLiteral(".lock"));
+    return lock->Take(0) == FileLock::Outcome::Taken ? std::move(lock) : nullptr;
 }
 
 QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
@@ -31,7 +33,7 @@ QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
 
 void RemoveFiles(const QString& path) {
     QFile::remove(path);
-    // Left by a program that ended while it wrote; the next copy under this name must not pass for it.
+    // Left by an earlier version that ended while it wrote; the next copy under this name must not pass for it.
     QFile::remove(path + QStringLiteral(".earlier"));
 }
 
@@ -43,7 +45,13 @@ bool ReadCopy(const QString& path, RecoveredTest& copy) {
     stream.setVersion(QDataStream::Qt_6_0);
     QByteArray snapshot;
     stream >> copy.KeptAt >> snapshot;
-    return stream.status() == QDataStream::Ok && FromSnapshot(snapshot, copy.Test);
+    return stream.status() == QDataStream::Ok && FromSnapshot(snapshot, copy.Test, copy.Typed);
+}
+
+bool IsSameTest(const QString& fileName, const QString& other) {
+    if (!QDir::isAbsolutePath(fileName) || !QDir::isAbsolutePath(other))
+        return !QDir::isAbsolutePath(fileName) && !QDir::isAbsolutePath(other);
+    return fileName == other || QFileInfo(fileName) == QFileInfo(other);
 }
 
 } // namespace
@@ -61,25 +69,28 @@ void Recovery::End() {
 }
 
 bool Recovery::GoOnWith(const RecoveredTest& left) {
-    auto lock = LockFor(left.Path);
-    if (!lock->tryLock(0))
+    auto own = earlier_.extract(left.Path);
+    auto lock = own.empty() ? LockedCopy(left.Path) : std::move(own.mapped());
+    if (!lock)
         return false;
     LetGo();
     editing_ = true;
     // Nothing is known of the file, so any state of the document is a change.
     inFile_.clear();
-    kept_ = ToSnapshot(left.Test);
+    kept_ = ToSnapshot(left.Test, left.Typed);
     path_ = left.Path;
     lock_ = std::move(lock);
     return true;
 }
 
-bool Recovery::HasChanges(const TestDocument& test) const { return ToSnapshot(test) != inFile_; }
+bool Recovery::HasChanges(const TestDocument& test, const TypedEntries& typed) const {
+    return ToSnapshot(test, typed) != inFile_;
+}
 
-Result Recovery::Keep(const TestDocument& test) {
+Result Recovery::Keep(const TestDocument& test, const TypedEntries& typed) {
     if (folder_.isEmpty() || !editing_)
         return Result::Done();
-    const QByteArray snapshot = ToSnapshot(test);
+    const QByteArray snapshot = ToSnapshot(test, typed);
     if (snapshot == kept_)
         return Result::Done();
     if (snapshot == inFile_) {
@@ -100,26 +111,44 @@ void Recovery::Drop(const TestDocument& test) {
     inFile_ = ToSnapshot(test);
 }
 
-std::optional<RecoveredTest> Recovery::Left() const {
-    std::optional<RecoveredTest> first;
+std::vector<RecoveredTest> Recovery::AllLeft(bool inThisRunToo) const {
+    std::vector<RecoveredTest> all;
     if (folder_.isEmpty())
-        return first;
+        return all;
     const QDir folder(folder_);
     for (const QString& name : folder.entryList({u'*' + Extension}, QDir::Files, QDir::Name)) {
         RecoveredTest copy;
         copy.Path = folder.filePath(name);
-        const auto lock = LockFor(copy.Path);
-        // A program that ended while it wrote the copy has left the one before beside it.
-        if (!lock->tryLock(0) ||
+        copy.InThisRun = inThisRunToo && earlier_.contains(copy.Path);
+        const auto lock = copy.InThisRun ? nullptr : LockedCopy(copy.Path);
+        // An earlier version that ended while it wrote the copy has left the one before beside it.
+        if ((!copy.InThisRun && !lock) ||
             (!ReadCopy(copy.Path, copy) && !ReadCopy(copy.Path + QStringLiteral(".earlier"), copy)))
             continue;
-        if (!first || copy.KeptAt < first->KeptAt)
-            first = copy;
+        all.push_back(std::move(copy));
     }
-    return first;
+    std::stable_sort(all.begin(), all.end(),
+                     [](const RecoveredTest& one, const RecoveredTest& other) { return one.KeptAt < other.KeptAt; });
+    return all;
 }
 
-void Recovery::Discard(const RecoveredTest& left) const { RemoveFiles(left.Path); }
+std::optional<RecoveredTest> Recovery::Left() const {
+    const std::vector<RecoveredTest> all = AllLeft(false);
+    return all.empty() ? std::nullopt : std::optional(all.front());
+}
+
+std::optional<RecoveredTest> Recovery::LeftOf(const QString& fileName) const {
+    std::optional<RecoveredTest> newest;
+    for (RecoveredTest& left : AllLeft(true))
+        if (IsSameTest(left.Test.TestFileName, fileName))
+            newest = std::move(left);
+    return newest;
+}
+
+void Recovery::Discard(const RecoveredTest& left) {
+    RemoveFiles(left.Path);
+    earlier_.erase(left.Path);
+}
 
 void Recovery::RemoveCopy() {
     if (!path_.isEmpty())
@@ -132,8 +161,8 @@ bool Recovery::TakeFreePlace() {
     constexpr int mostPlaces = 1000;
     for (int k = 1; k <= mostPlaces; ++k) {
         const QString path = QDir(folder_).filePath(QStringLiteral("test-%1").arg(k) + Extension);
-        auto lock = LockFor(path);
-        if (!lock->tryLock(0) || QFile::exists(path))
+        auto lock = LockedCopy(path);
+        if (!lock || QFile::exists(path))
             continue;
         path_ = path;
         lock_ = std::move(lock);
@@ -144,7 +173,7 @@ bool Recovery::TakeFreePlace() {
 
 void Recovery::LetGo() {
     if (!path_.isEmpty() && QFile::exists(path_) && lock_)
-        locksOfEarlier_.push_back(std::move(lock_));
+        earlier_[path_] = std::move(lock_);
     lock_.reset();
     path_.clear();
 }

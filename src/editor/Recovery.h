@@ -1,20 +1,25 @@
 #pragma once
 
 #include "base/Failure.h"
+#include "editor/TypedEntry.h"
 #include "platform/Clock.h"
+#include "platform/FileLock.h"
 #include "testdoc/TestDocument.h"
 
-#include <QLockFile>
-
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
 
-/// A copy of a test with unsaved changes that an earlier run of the program left.
+/// A copy of a test with unsaved changes that was left.
 struct RecoveredTest {
     TestDocument Test;
+    /// What was typed and not stored or added.
+    TypedEntries Typed;
     QDateTime KeptAt;
     QString Path;
+    /// It was left in this run of the program; otherwise by one that has ended.
+    bool InThisRun = false;
 };
 
 /// Keeps a copy of the test that is edited while it has changes that are in no file, in a folder of the user's data, so
@@ -32,21 +37,25 @@ class Recovery {
     /// Goes on with a copy that was left, which stays until it is saved or dropped.
     /// False when another program has taken it meanwhile.
     bool GoOnWith(const RecoveredTest& left);
-    /// Whether the document differs from what is in its file.
-    bool HasChanges(const TestDocument& test) const;
+    /// Whether the document differs from what is in its file, or something is typed for it.
+    bool HasChanges(const TestDocument& test, const TypedEntries& typed = {}) const;
     /// Brings the copy up to date: writes it when the document has changed, and drops it when it is as it was in its
     /// file. Fails with a message when the copy can't be written.
-    Result Keep(const TestDocument& test);
+    Result Keep(const TestDocument& test, const TypedEntries& typed = {});
     /// The document is saved, or the person doesn't want the changes: the copy goes.
     void Drop(const TestDocument& test);
 
     /// The copy that was left first by a run that has ended; nothing when there is none. One that can't be read stays
     /// where it is.
     std::optional<RecoveredTest> Left() const;
+    /// The newest copy of the test in that file, left by a run that has ended or earlier in this one. A name that isn't
+    /// absolute stands for all tests that have no file yet.
+    std::optional<RecoveredTest> LeftOf(const QString& fileName) const;
     /// Removes a copy that was left.
-    void Discard(const RecoveredTest& left) const;
+    void Discard(const RecoveredTest& left);
 
   private:
+    std::vector<RecoveredTest> AllLeft(bool inThisRunToo) const;
     void RemoveCopy();
     bool TakeFreePlace();
     void LetGo();
@@ -57,7 +66,8 @@ class Recovery {
     QByteArray inFile_;
     QByteArray kept_;
     QString path_;
-    std::unique_ptr<QLockFile> lock_;
-    /// Copies of earlier documents of this run; locked, lest another program offers them while this one runs.
-    std::vector<std::unique_ptr<QLockFile>> locksOfEarlier_;
+    std::unique_ptr<FileLock> lock_;
+    /// The locks of copies of earlier documents of this run, by their paths: held, lest another program offers them
+    /// while this one runs.
+    std::map<QString, std::unique_ptr<FileLock>> earlier_;
 };

@@ -1,5 +1,7 @@
 #include "editor/TestSnapshot.h"
 
+#include "editor/EntryEdits.h"
+
 #include <QDataStream>
 #include <QIODevice>
 
@@ -103,17 +105,73 @@ template <typename Document, typename Stream> void Visit(Document& test, Stream&
         stream.Field(test.TestOption(i));
 }
 
+template <typename Entry, typename Stream> void VisitTyped(Entry& typed, Stream& stream) {
+    stream.Field(typed.Place.Index);
+    stream.Field(typed.Place.SubIndex);
+    for (auto* text : {&typed.Boxes.Text, &typed.Boxes.Number, &typed.Boxes.High})
+        stream.Field(*text);
+    stream.Field(typed.Boxes.Type);
+}
+
+constexpr int MostTypedEntries = 100;
+constexpr int NoSubscale = -1;
+
+void WriteTyped(const TypedEntries& typed, Out& out) {
+    // None of them leave the snapshot as it was before there were any.
+    if (typed.empty())
+        return;
+    out.Field(static_cast<int>(typed.size()));
+    for (const TypedEntry& entry : typed) {
+        out.Field(static_cast<int>(entry.Place.What));
+        VisitTyped(entry, out);
+        out.Field(entry.Boxes.Subscale.value_or(NoSubscale));
+    }
+}
+
+TypedEntries ReadTyped(In& in) {
+    TypedEntries typed;
+    int count = 0;
+    if (!in.AtEnd())
+        in.Count(count, MostTypedEntries);
+    for (int i = 0; i < count && in.Good(); ++i) {
+        TypedEntry entry;
+        int what = 0;
+        int subscale = NoSubscale;
+        in.Field(what);
+        VisitTyped(entry, in);
+        in.Field(subscale);
+        entry.Place.What = static_cast<TestPlace::Kind>(what);
+        if (subscale >= 0)
+            entry.Boxes.Subscale = subscale;
+        typed.push_back(entry);
+    }
+    return typed;
+}
+
+bool HasOwner(const TestPlace& place, const TestDocument& test) {
+    switch (place.What) {
+    case TestPlace::Answer:
+        return place.Index >= 0 && place.Index <= test.QuestionCount;
+    case TestPlace::SubscaleRange:
+        return place.Index >= 0 && place.Index <= test.SubscaleCount;
+    default:
+        return place.What == TestPlace::Question || place.What == TestPlace::TemplateAnswer ||
+               place.What == TestPlace::Subscale || place.What == TestPlace::TotalRange;
+    }
+}
+
 } // namespace
 
-QByteArray ToSnapshot(const TestDocument& test) {
+QByteArray ToSnapshot(const TestDocument& test, const TypedEntries& typed) {
     QByteArray bytes;
     Out out(bytes);
     out.Field(Mark);
     Visit(test, out);
+    WriteTyped(typed, out);
     return bytes;
 }
 
-bool FromSnapshot(const QByteArray& bytes, TestDocument& test) {
+bool FromSnapshot(const QByteArray& bytes, TestDocument& test, TypedEntries& typed) {
     In in(bytes);
     quint32 mark = 0;
     in.Field(mark);
@@ -121,8 +179,14 @@ bool FromSnapshot(const QByteArray& bytes, TestDocument& test) {
         return false;
     TestDocument read;
     Visit(read, in);
+    TypedEntries entries = ReadTyped(in);
     if (!in.Good() || !in.AtEnd())
         return false;
+    std::erase_if(entries, [&](const TypedEntry& entry) { return !HasOwner(entry.Place, read); });
+    for (TypedEntry& entry : entries)
+        if (const int n = EntryNumber(entry.Place); n < 0 || n > EntryCount(read, entry.Place))
+            entry.Place = WithEntryNumber(entry.Place, 0);
     test = read;
+    typed = std::move(entries);
     return true;
 }

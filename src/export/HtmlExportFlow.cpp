@@ -28,9 +28,16 @@ QString HtmlExportFlow::Description() {
     try {
         return FindSection(u"DESCRIPTION", text);
     } catch (const SectionError& error) {
-        parts_.Boxes.Inform(error.Message() + QStringLiteral(" in the file: ") + session.Test.TestFileName);
+        parts_.Boxes.Inform(error.Message() + QStringLiteral(" in the file: ") + session.HtmlTemplatePath);
         return NoDescription;
     }
+}
+
+QString HtmlExportFlow::TargetOf(const QString& typed) {
+    const QFileInfo info(typed);
+    if (info.fileName().isEmpty() || !info.suffix().isEmpty() || info.exists())
+        return typed;
+    return typed + (typed.endsWith(u'.') ? QStringLiteral("html") : QStringLiteral(".html"));
 }
 
 bool HtmlExportFlow::Export(const HtmlExportForm& form) {
@@ -46,7 +53,7 @@ bool HtmlExportFlow::Export(const HtmlExportForm& form) {
     static_cast<void>(GenerateHtml(parts_.Run, parts_.Boxes, parts_.ProgramFolder));
     HostPage page;
     if (mode == Mode::NewPage)
-        page.Text = NewPage(parts_.Run.Test.TestTitle, parts_.Run.GeneratedHtml);
+        page.Text = NewPage(parts_.Run.Test.TestTitle, parts_.Run.GeneratedHtml, PageLanguage(parts_.Run.HtmlLanguage));
     else if (!Insert(form, mode == Mode::IntoHost ? form.HostPath : form.TargetPath, page))
         return false;
 
@@ -60,28 +67,41 @@ bool HtmlExportFlow::Export(const HtmlExportForm& form) {
     return true;
 }
 
-PromptAnswer HtmlExportFlow::AskExisting(const QString& text) {
+PromptAnswer HtmlExportFlow::Ask(const QString& text, PromptAnswer byDefault) {
     return parts_.Boxes.Ask(
-        {text, QStringLiteral("File Already Exists"), PromptButtons::YesNoCancel, PromptIcon::None});
+        {text, QStringLiteral("File Already Exists"), PromptButtons::YesNoCancel, PromptIcon::None, byDefault});
 }
 
 HtmlExportFlow::Mode HtmlExportFlow::ChooseMode(const HtmlExportForm& form) {
+    if (IsExistingFile(form.TargetPath))
+        return AskExisting(form);
+    return form.HostPath.isEmpty() ? Mode::NewPage : Mode::IntoHost;
+}
+
+/// What becomes of a target that is there already. Enter replaces what Vellumo made, and leaves alone what it didn't.
+HtmlExportFlow::Mode HtmlExportFlow::AskExisting(const HtmlExportForm& form) {
     const QString& target = form.TargetPath;
-    const bool hasHost = !form.HostPath.isEmpty();
-    if (!IsExistingFile(target))
-        return hasHost ? Mode::IntoHost : Mode::NewPage;
-    if (hasHost) {
-        // No blank behind "replace": that is how the question reads.
-        const auto answer = AskExisting(QStringLiteral("Would you like to replace'") + target + QStringLiteral("' ?"));
+    HostPage page;
+    const PageOrigin origin = ReadHostPage(target, page) ? OriginOf(page.Text) : PageOrigin::Elsewhere;
+    const auto yesIf = [](bool condition) { return condition ? PromptAnswer::Yes : PromptAnswer::No; };
+    if (!form.HostPath.isEmpty()) {
+        // No blank after "replace": that is how the question reads.
+        const auto answer = Ask(QStringLiteral("Would you like to replace'") + target + QStringLiteral("' ?"),
+                                yesIf(origin != PageOrigin::Elsewhere));
         return answer == PromptAnswer::Yes ? Mode::IntoHost : Mode::Stop;
     }
-    const auto insert =
-        AskExisting(QStringLiteral("Would you like to insert html into '") + target + QStringLiteral("' ?"));
-    if (insert != PromptAnswer::No)
-        return insert == PromptAnswer::Yes ? Mode::IntoTarget : Mode::Stop;
-    const auto replace =
-        AskExisting(QStringLiteral("Would you like to replace '") + target + QStringLiteral("' as a new file ?"));
-    return replace == PromptAnswer::Yes ? Mode::NewPage : Mode::Stop;
+    const bool ours = origin == PageOrigin::Vellumo;
+    const auto ask = [&](Mode mode) {
+        return mode == Mode::NewPage
+                   ? Ask(QStringLiteral("Would you like to replace '") + target + QStringLiteral("' as a new file ?"),
+                         yesIf(ours))
+                   : Ask(QStringLiteral("Would you like to insert html into '") + target + QStringLiteral("' ?"),
+                         PromptAnswer::No);
+    };
+    for (const Mode mode : {ours ? Mode::NewPage : Mode::IntoTarget, ours ? Mode::IntoTarget : Mode::NewPage})
+        if (const PromptAnswer answer = ask(mode); answer != PromptAnswer::No)
+            return answer == PromptAnswer::Yes ? mode : Mode::Stop;
+    return Mode::Stop;
 }
 
 /// The page at hostPath with the generated one inserted. False after a message when that can't be.
@@ -114,6 +134,6 @@ void HtmlExportFlow::RememberFolderOf(HtmlFile file, const QString& path) {
     Settings& settings = parts_.Run.UserSettings;
     const bool target = file == HtmlFile::Target;
     QString& folder = target ? settings.HtmlDirectory : settings.TempHtmlDirectory;
-    folder = QDir::toNativeSeparators(QFileInfo(path).absolutePath());
+    folder = QDir::toNativeSeparators(path.isEmpty() ? QDir::currentPath() : QFileInfo(path).absolutePath());
     SaveSettingPairs({{target ? HtmlDirectoryKey : TempHtmlDirectoryKey, folder}}, parts_.Store);
 }

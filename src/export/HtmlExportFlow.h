@@ -35,20 +35,26 @@ class HtmlExportFlow {
     /// What the template says about itself; "" when it says nothing, and a sentence when it can't be read.
     QString Description();
 
+    /// The file that is meant by what was typed as the target: a name without an extension gets ".html", unless there
+    /// is a file or folder of just that name.
+    static QString TargetOf(const QString& typed);
+
     /// Writes the page and shows it in the browser. False when the window stays open: the person has to correct
     /// something, which a message has told, or chose not to go on; nothing was written then.
     bool Export(const HtmlExportForm& form);
 
     /// Makes the folder that is remembered for the file the current one, when there is one.
     void GoToFolderOf(HtmlFile file) const;
-    /// Remembers the folder of the file that was chosen, for now and for the next time.
+    /// Remembers, for now and for the next time, the folder of the file that was chosen; when none was, the current
+    /// one.
     void RememberFolderOf(HtmlFile file, const QString& path);
 
   private:
     enum class Mode { Stop, NewPage, IntoHost, IntoTarget };
 
     Mode ChooseMode(const HtmlExportForm& form);
-    PromptAnswer AskExisting(const QString& text);
+    Mode AskExisting(const HtmlExportForm& form);
+    PromptAnswer Ask(const QString& text, PromptAnswer byDefault);
     bool Insert(const HtmlExportForm& form, const QString& hostPath, HostPage& page);
 
     HtmlExportParts parts_;

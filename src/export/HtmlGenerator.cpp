@@ -2,6 +2,7 @@
 
 #include "base/LineBreak.h"
 #include "base/SectionFinder.h"
+#include "export/HtmlPage.h"
 #include "export/HtmlTemplate.h"
 #include "settings/TemplateFile.h"
 
@@ -35,7 +36,8 @@ QString PageOf(Session& session, const QString& programFolder) {
     QString text;
     if (const Result read = ReadTemplateFile(session.HtmlTemplatePath, programFolder, text); !read)
         throw TemplateError(read.Message());
-    FillTemplate(text, session.Test, {session.HtmlEmailAddress, session.HtmlNextPage});
+    FillTemplate(text, session.Test,
+                 {session.HtmlEmailAddress, session.HtmlNextPage, PageLanguage(session.HtmlLanguage)});
 
     const TemplateParts parts = CutTemplate(text, session.ClosingPart);
     QString body;
@@ -56,7 +58,7 @@ Result GenerateHtml(Session& session, Prompts& prompts, const QString& programFo
         return Result::Done();
     } catch (const SectionError& error) {
         reason = error.Message();
-        prompts.Inform(reason + QStringLiteral(" in the file: ") + session.Test.TestFileName);
+        prompts.Inform(reason + QStringLiteral(" in the file: ") + session.HtmlTemplatePath);
     } catch (const Failure& failure) {
         reason = failure.Message();
     } catch (const std::exception& exception) {

@@ -7,12 +7,46 @@
 #include "platform/Windows1252.h"
 #include "settings/Settings.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 namespace {
 
 /// A page past this many bytes is refused without being read.
 constexpr qint64 MaxHostBytes = 64 << 20;
+
+const QString BodyTag = QStringLiteral("<body bgcolor='#FFFFFF' text='#000080'>");
+
+/// A text as it stands in an element or an attribute.
+QString Escaped(const QString& text) { return text.toHtmlEscaped().replace(u'\'', QStringLiteral("&#39;")); }
+
+const QString CreditBegin = QStringLiteral("<p align='center'>Test Created By <a href='");
+const QString CreditEnd = QStringLiteral("'>Vellumo</a>.</p></body></html>");
+
+/// The mark that the templates which come with the program put before ("begins") or after ("ends") all of a test.
+QString Mark(const QString& name, QLatin1String place) {
+    return QStringLiteral("<!-- ") + name + u' ' + place + QStringLiteral(" -->");
+}
+
+/// The name in the first mark that begins a test; "" when there is none.
+QString MarkedName(const QString& page) {
+    static const QRegularExpression begin(QStringLiteral("<!-- (vellumo[a-z-]*) begins -->"));
+    return begin.match(page).captured(1);
+}
+
+/// The page without the tests that were made by the same template as the generated one.
+QString WithoutEarlierTest(QString page, const QString& generated) {
+    const QString name = MarkedName(generated);
+    const QString begin = Mark(name, QLatin1String("begins"));
+    const QString end = Mark(name, QLatin1String("ends"));
+    for (qsizetype at = page.indexOf(begin); at >= 0; at = page.indexOf(begin, at)) {
+        const qsizetype last = page.indexOf(end, at);
+        if (last < 0)
+            break;
+        page.remove(at, last + end.size() - at);
+    }
+    return page;
+}
 
 /// The encoding that the first meta element with one names, in lower case; "" when there is none. Comments don't count.
 QString DeclaredEncoding(const QString& page) {
@@ -50,11 +84,26 @@ std::optional<QByteArray> Fitting(QByteArray (*encode)(const QString&, bool*), c
 
 } // namespace
 
-QString NewPage(const QString& title, const QString& generated) {
-    return QStringLiteral("<html><head><title>") + title +
-           QStringLiteral("</title></head><body bgcolor='#FFFFFF' text='#000080'>") + generated +
-           QStringLiteral("<p align='center'>Test Created By <a href='") + QLatin1String(HomePageAddress) +
-           QStringLiteral("'>Vellumo</a>.</p></body></html>");
+bool IsLanguageTag(const QString& text) {
+    static const QRegularExpression tag(QStringLiteral("\\A[A-Za-z]{1,8}(-[A-Za-z0-9]{1,8})*\\z"));
+    return tag.match(text).hasMatch();
+}
+
+QString PageLanguage(const QString& chosen) { return IsLanguageTag(chosen) ? chosen : QLocale::system().bcp47Name(); }
+
+QString NewPage(const QString& title, const QString& generated, const QString& language) {
+    return QStringLiteral("<html lang=\"") + Escaped(language) + QStringLiteral("\"><head><title>") + Escaped(title) +
+           QStringLiteral("</title></head>") + BodyTag + generated + CreditBegin +
+           Escaped(QLatin1String(HomePageAddress)) + CreditEnd;
+}
+
+PageOrigin OriginOf(const QString& page) {
+    // The address in the last line isn't looked at: it may be another version's.
+    if (page.contains(BodyTag) && page.contains(CreditBegin) && page.trimmed().endsWith(CreditEnd))
+        return PageOrigin::Vellumo;
+    // The second is what versions without the marks made.
+    const bool holdsTest = !MarkedName(page).isEmpty() || page.contains(QStringLiteral("<main id=\"vellumo"));
+    return holdsTest ? PageOrigin::HoldsTest : PageOrigin::Elsewhere;
 }
 
 Result ReadHostPage(const QString& path, HostPage& host) {
@@ -73,11 +122,12 @@ Result ReadHostPage(const QString& path, HostPage& host) {
 }
 
 std::optional<QString> InsertInto(const QString& host, const QString& generated, const InsertionPoint& point) {
-    const qsizetype found = host.indexOf(point.Text, 0, Qt::CaseInsensitive);
+    const QString page = WithoutEarlierTest(host, generated);
+    const qsizetype found = page.indexOf(point.Text, 0, Qt::CaseInsensitive);
     if (found < 0)
         return std::nullopt;
     const qsizetype at = found + (point.After ? point.Text.size() : 0);
-    return host.first(at) + generated + host.sliced(at);
+    return page.first(at) + generated + page.sliced(at);
 }
 
 QByteArray EncodePage(const QString& text, TextEncoding hostEncoding) {

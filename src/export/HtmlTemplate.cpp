@@ -3,6 +3,7 @@
 #include "base/LineBreak.h"
 #include "base/SectionFinder.h"
 #include "base/Text.h"
+#include "export/PageData.h"
 
 namespace {
 
@@ -48,12 +49,6 @@ void FillRange(QString& copy, int number, const QString& low, const QString& hig
     FillTag(copy, QStringLiteral("[ANALYSIS TEXT]"), QuoteForScript(rangeText));
 }
 
-/// A bound as it is once the test is saved and read: the page has the same before.
-QString BoundText(const Value& bound) {
-    const auto number = bound.TryNumber();
-    return number ? QString::number(*number) : bound.Text();
-}
-
 QString TotalExpansion(const QString& section, const TestDocument& test) {
     QString expansion;
     for (int r = 1; r <= test.TotalRangeCount; ++r) {
@@ -93,6 +88,11 @@ void ReplaceBlock(QString& text, const QString& name, const TestDocument& test,
 
 } // namespace
 
+QString BoundText(const Value& bound) {
+    const auto number = bound.TryNumber();
+    return number ? QString::number(*number) : bound.Text();
+}
+
 void RequirePageLength(qsizetype length) {
     if (length > MostCharacters)
         throw TemplateError(
@@ -119,6 +119,10 @@ void FillTag(QString& text, const QString& tag, const QString& value) {
 QString QuoteForScript(QString text) { return text.replace(u'\'', QStringLiteral("\\'")); }
 
 void FillTemplate(QString& text, const TestDocument& test, const PageValues& values) {
+    // These come first, so that they are never looked for in what the others filled in. They hold no tag themselves.
+    FillTag(text, QStringLiteral("[LANGUAGE]"), values.Language);
+    if (const QString tag = QStringLiteral("[TEST DATA]"); text.contains(tag))
+        FillTag(text, tag, PageData(test, values));
     FillTag(text, QStringLiteral("[TEST TITLE]"), test.TestTitle);
     FillText(text, QStringLiteral("[INSTRUCTIONS]"), test.TestInstructions);
     FillText(text, QStringLiteral("[INTRODUCTION]"), test.TestIntroduction);

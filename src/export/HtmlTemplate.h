@@ -20,7 +20,12 @@ void RequirePageLength(qsizetype length);
 struct PageValues {
     QString Email;
     QString NextPage;
+    /// The page's language as a tag of BCP 47.
+    QString Language;
 };
+
+/// The bound of a range as it is once the test is saved and read: the page has the same before.
+QString BoundText(const Value& bound);
 
 /// Puts the value in the place of every occurrence of the tag (exact case), and again as long as there are any.
 /// Throws TemplateError when the value contains the tag, which would never end, or when the text grows too long.

@@ -1,14 +1,14 @@
 #include "export/ResultRows.h"
 
-#include "base/Text.h"
-
 namespace {
 
 using Kind = ResultColumn::Kind;
 
-std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q) {
+std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q, ResultColumns which) {
     const auto column = [&](Option option, Kind kind) {
-        return test.TestOption(option) ? std::optional<ResultColumn>({kind, q, {}}) : std::nullopt;
+        return which == ResultColumns::Possible || test.TestOption(option)
+                   ? std::optional<ResultColumn>({kind, q, {}})
+                   : std::nullopt;
     };
     if (IsMultichoice(test, q))
         return column(IncludeMultichoiceAnswersInExcel, Kind::Choice);
@@ -17,6 +17,30 @@ std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q) {
     if (test.QuestionType(q) == LongAnswer)
         return column(IncludeLongAnswersInExcel, Kind::Text);
     return std::nullopt;
+}
+
+} // namespace
+
+std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
+                                          const QString& questionSuffix, ResultColumns which) {
+    const auto wanted = [&](Option option) { return which == ResultColumns::Possible || test.TestOption(option); };
+    std::vector<ResultColumn> columns;
+    if (wanted(IncludeClientNameInExcel))
+        columns.push_back({Kind::Client, 0, QStringLiteral("Client")});
+    if (wanted(IncludeDateInExcel))
+        columns.push_back({Kind::Date, 0, QStringLiteral("Date")});
+    if (wanted(IncludeTotalScoreInExcel))
+        columns.push_back({Kind::TotalScore, 0, QStringLiteral("Total Score")});
+    if (wanted(IncludeSubscalesInExcel))
+        for (int s = 1; s <= test.SubscaleCount; ++s)
+            columns.push_back({Kind::Subscale, s, test.SubscaleName(s)});
+    for (int q = 1; q <= test.QuestionCount; ++q) {
+        if (auto column = ColumnOfQuestion(test, q, which)) {
+            column->Head = questionPrefix + QString::number(q) + questionSuffix;
+            columns.push_back(*column);
+        }
+    }
+    return columns;
 }
 
 CellValue ValueOf(const ResultColumn& column, const ResultsOfOne& results) {
@@ -35,62 +59,4 @@ CellValue ValueOf(const ResultColumn& column, const ResultsOfOne& results) {
         return results.Responses.ResponseText(column.Number);
     }
     return {};
-}
-
-void SetNamed(SpreadsheetApplication& application, int row, int column, const ResultColumn& meaning,
-              const CellValue& value) {
-    try {
-        application.SetCells(row, column, value);
-    } catch (const SpreadsheetError& failure) {
-        throw SpreadsheetError(failure.Number(), QStringLiteral("The column ") + Quoted(meaning.Head) +
-                                                     QStringLiteral(" can't be written: ") + failure.Message());
-    }
-}
-
-} // namespace
-
-std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
-                                          const QString& questionSuffix) {
-    std::vector<ResultColumn> columns;
-    if (test.TestOption(IncludeClientNameInExcel))
-        columns.push_back({Kind::Client, 0, QStringLiteral("Client")});
-    if (test.TestOption(IncludeDateInExcel))
-        columns.push_back({Kind::Date, 0, QStringLiteral("Date")});
-    if (test.TestOption(IncludeTotalScoreInExcel))
-        columns.push_back({Kind::TotalScore, 0, QStringLiteral("Total Score")});
-    if (test.TestOption(IncludeSubscalesInExcel))
-        for (int s = 1; s <= test.SubscaleCount; ++s)
-            columns.push_back({Kind::Subscale, s, test.SubscaleName(s)});
-    for (int q = 1; q <= test.QuestionCount; ++q) {
-        if (auto column = ColumnOfQuestion(test, q)) {
-            column->Head = questionPrefix + QString::number(q) + questionSuffix;
-            columns.push_back(*column);
-        }
-    }
-    return columns;
-}
-
-void WriteHeads(SpreadsheetApplication& application, const TestDocument& test,
-                const std::vector<ResultColumn>& columns) {
-    application.SetCells(1, 1, test.TestTitle);
-    for (int column = 1; const ResultColumn& head : columns)
-        SetNamed(application, HeadsRow, column++, head, head.Head);
-}
-
-int FindDataRow(SpreadsheetApplication& application) {
-    int row = HeadsRow;
-    while (!std::holds_alternative<std::monostate>(application.Cells(row, 1)))
-        ++row;
-    return row;
-}
-
-void WriteResultRow(SpreadsheetApplication& application, int row, const std::vector<ResultColumn>& columns,
-                    const ResultsOfOne& results) {
-    for (int column = 1; const ResultColumn& meaning : columns)
-        SetNamed(application, row, column++, meaning, ValueOf(meaning, results));
-    for (int column = 1; const ResultColumn& meaning : columns) {
-        if (std::holds_alternative<std::monostate>(application.Cells(row, column)))
-            SetNamed(application, row, column, meaning, 0.0);
-        ++column;
-    }
 }

@@ -6,9 +6,6 @@
 
 #include <vector>
 
-/// The row of the heads; the data begin in it too when no head stands in its first column.
-inline constexpr int HeadsRow = 3;
-
 /// One column of a workbook of results.
 struct ResultColumn {
     enum class Kind { Client, Date, TotalScore, Subscale, Choice, Text };
@@ -18,10 +15,13 @@ struct ResultColumn {
     QString Head;
 };
 
-/// The columns, from the first, that the test's options include. The settings give what stands around a question's
-/// number.
+/// Which columns are meant: those that the test's options include, or all that its options could include.
+enum class ResultColumns { Included, Possible };
+
+/// The columns, from the first. The settings give what stands around a question's number.
 std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
-                                          const QString& questionSuffix);
+                                          const QString& questionSuffix,
+                                          ResultColumns which = ResultColumns::Included);
 
 /// What one administration puts into its row.
 struct ResultsOfOne {
@@ -31,14 +31,5 @@ struct ResultsOfOne {
     const Scores& RowScores;
 };
 
-/// Writes a new workbook's title and heads into the active sheet. These functions throw SpreadsheetError, with the
-/// column's head in the message where there is one.
-void WriteHeads(SpreadsheetApplication& application, const TestDocument& test,
-                const std::vector<ResultColumn>& columns);
-
-/// The first row from the heads' downwards whose first cell is empty.
-int FindDataRow(SpreadsheetApplication& application);
-
-/// Writes one row; a cell that stays empty becomes 0.
-void WriteResultRow(SpreadsheetApplication& application, int row, const std::vector<ResultColumn>& columns,
-                    const ResultsOfOne& results);
+/// What the results put into a column.
+CellValue ValueOf(const ResultColumn& column, const ResultsOfOne& results);

@@ -1,9 +1,12 @@
 #include "export/SpreadsheetExport.h"
 
-#include "export/ResultRows.h"
+#include "export/EarlierWorkbook.h"
+#include "export/ResultSheet.h"
 #include "export/WorkbookPath.h"
 #include "platform/Directories.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QScopeGuard>
 
 const QList<OptionBox>& ExportIncludeBoxes() {
@@ -64,6 +67,12 @@ QString WorkbookOpenMessage(const QString& path) {
            QStringLiteral("' cannot be appended whilst it is open");
 }
 
+QString InUseMessage(const SpreadsheetError& failure, const QString& path) {
+    if (failure.Number() == WorkbookHeldByVellumo)
+        return failure.Message();
+    return failure.Number() == WorkbookOpenElsewhere ? WorkbookOpenMessage(path) : QString();
+}
+
 QString SaveFailedMessage(const SpreadsheetError& failure) {
     return QStringLiteral("Error ") + QString::number(failure.Number()) +
            QStringLiteral(" : Failed to save Excel File - ") + failure.Message();
@@ -95,14 +104,20 @@ QString SpreadsheetExport::ConfirmedPath(Session& session, const QString& path) 
 
 Result SpreadsheetExport::ExportTo(Session& session, const QString& path) {
     const auto closed = qScopeGuard([this] { windows_.CloseSteps(); });
+    OfferEarlierWorkbook(path, prompts_);
     windows_.ShowStep(QStringLiteral("Opening Excel for Export"));
     try {
         const std::unique_ptr<SpreadsheetApplication> application = attach_();
         const Opened opened = Open(*application, path);
         if (opened == Opened::Failed)
             return Result::Done();
-        WriteRow(*application, session, opened);
-        return Save(*application, session, path, opened);
+        const QString note = WriteRow(*application, session, path, opened);
+        if (!Save(*application, session, path, opened))
+            return Result::Done();
+        const Result finished = Finish(*application, session);
+        if (!note.isEmpty())
+            prompts_.Inform(note);
+        return finished;
     } catch (const SpreadsheetError& failure) {
         prompts_.Inform(failure.Message());
         return Result::Done();
@@ -114,31 +129,33 @@ SpreadsheetExport::Opened SpreadsheetExport::Open(SpreadsheetApplication& applic
         application.OpenWorkbook(path);
         return Opened::Existing;
     } catch (const SpreadsheetError& failure) {
-        if (failure.Number() != WorkbookOpenElsewhere)
+        const QString inUse = InUseMessage(failure, path);
+        if (inUse.isEmpty())
             return Opened::New;
-        prompts_.Inform(WorkbookOpenMessage(path));
+        prompts_.Inform(inUse);
         return Opened::Failed;
     }
 }
 
-void SpreadsheetExport::WriteRow(SpreadsheetApplication& application, const Session& session, Opened opened) {
-    const TestDocument& test = session.Test;
-    const auto columns =
-        ResultColumnsOf(test, session.UserSettings.QuestionPrefix, session.UserSettings.QuestionSuffix);
+QString SpreadsheetExport::WriteRow(SpreadsheetApplication& application, const Session& session, const QString& path,
+                                    Opened opened) {
+    const Settings& settings = session.UserSettings;
+    ResultSheet sheet(application, session.Test, settings.QuestionPrefix, settings.QuestionSuffix);
     if (opened == Opened::New) {
         windows_.ShowStep(QStringLiteral("Creating New Excel Export File"));
         application.AddWorkbook();
-        WriteHeads(application, test, columns);
+        sheet.Begin();
     }
     windows_.ShowStep(QStringLiteral("Exporting Test Data to Excel File"));
-    const int row = FindDataRow(application);
-    const Scores scores = ComputeScores(test, session.Responses);
-    WriteResultRow(application, row, columns, {session.ClientName, clock_.Now().date(), session.Responses, scores});
+    if (opened == Opened::Existing)
+        sheet.Find(path);
+    const Scores scores = ComputeScores(session.Test, session.Responses);
+    sheet.Append({session.ClientName, clock_.Now().date(), session.Responses, scores});
+    return sheet.Note();
 }
 
-Result SpreadsheetExport::Save(SpreadsheetApplication& application, Session& session, const QString& path,
-                               Opened opened) {
-    session.SpreadsheetExported = true;
+bool SpreadsheetExport::Save(SpreadsheetApplication& application, Session& session, const QString& path,
+                             Opened opened) {
     windows_.ShowStep(QStringLiteral("Saving ") + path);
     try {
         if (opened == Opened::New)
@@ -146,16 +163,28 @@ Result SpreadsheetExport::Save(SpreadsheetApplication& application, Session& ses
         else
             application.SaveActiveWorkbook();
     } catch (const SpreadsheetError& failure) {
-        prompts_.Inform(SaveFailedMessage(failure));
-        LeaveToUser(application);
-        return Result::Done();
+        const bool isSaved = failure.Number() == WorkbookSavedBut;
+        prompts_.Inform(isSaved ? failure.Message() : SaveFailedMessage(failure));
+        if (!isSaved) {
+            LeaveToUser(application);
+            return false;
+        }
     }
+    // Only now: what failed can be tried again without a word about an export that never was.
+    session.SpreadsheetExported = true;
+    session.SpreadsheetFilePath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    if (opened == Opened::New && session.FileMade)
+        session.FileMade(path);
+    return true;
+}
+
+Result SpreadsheetExport::Finish(SpreadsheetApplication& application, const Session& session) {
     windows_.CloseSteps();
-    if (!session.Test.TestOption(OpenExcelReportWhenCompleted)) {
-        application.Quit();
-        return Result::Done();
-    }
     try {
+        if (!session.Test.TestOption(OpenExcelReportWhenCompleted)) {
+            application.Quit();
+            return Result::Done();
+        }
         application.SetVisible(true);
         application.SetUserControl(true);
     } catch (const SpreadsheetError& failure) {

@@ -62,7 +62,7 @@ class SpreadsheetExport : public SpreadsheetExporter {
                       ExportWindows& windows)
         : prompts_(prompts), clock_(clock), office_(office), attach_(std::move(attach)), windows_(windows) {}
 
-    /// Done unless the row is saved but can't be shown; what else goes wrong has been told by a message. Throws
+    /// Done unless the row is saved but can't be shown; what else goes wrong was shown as a message. Throws
     /// OverflowError for a total past 16 bits; nothing is saved then.
     Result Export(Session& session) override;
 
@@ -72,8 +72,9 @@ class SpreadsheetExport : public SpreadsheetExporter {
     QString ConfirmedPath(Session& session, const QString& path);
     Result ExportTo(Session& session, const QString& path);
     Opened Open(SpreadsheetApplication& application, const QString& path);
-    void WriteRow(SpreadsheetApplication& application, const Session& session, Opened opened);
-    Result Save(SpreadsheetApplication& application, Session& session, const QString& path, Opened opened);
+    QString WriteRow(SpreadsheetApplication& application, const Session& session, const QString& path, Opened opened);
+    bool Save(SpreadsheetApplication& application, Session& session, const QString& path, Opened opened);
+    Result Finish(SpreadsheetApplication& application, const Session& session);
 
     Prompts& prompts_;
     const Clock& clock_;
@@ -84,5 +85,8 @@ class SpreadsheetExport : public SpreadsheetExporter {
 
 /// The message for a workbook that is open elsewhere.
 QString WorkbookOpenMessage(const QString& path);
+/// What the user is told when the failure is that another program, or another Vellumo, has the workbook; empty
+/// otherwise.
+QString InUseMessage(const SpreadsheetError& failure, const QString& path);
 /// The message for one that couldn't be saved.
 QString SaveFailedMessage(const SpreadsheetError& failure);

@@ -28,18 +28,18 @@ QString WithSeparator(const QString& folder) {
 
 QString WorkbookPathFor(Session& session, Prompts& prompts) {
     TestDocument& test = session.Test;
-    const QString client = FileNameOf(session.ClientName);
+    const QString& client = session.ClientName;
     // Folders that are no whole paths lie in the working directory.
     ChangeDirectory(session.UserSettings.DefaultDirectory);
     QString folder = Entered(test.ExcelDirectory, prompts);
     if (test.TestOption(AutosaveExcelDirectoryAsClient) && !client.isEmpty())
-        folder = Entered(WithSeparator(folder) + client, prompts);
+        folder = Entered(PathForPerson(WithSeparator(folder), {}, client, {}), prompts);
     if (folder.isEmpty())
         folder = session.UserSettings.DefaultDirectory;
 
     test.ExcelFileName = test.ExcelFileName.section(u'.', 0, 0);
     QString path = WithSeparator(folder) + (test.ExcelFileName.isEmpty() ? DefaultWorkbookName : test.ExcelFileName);
     if (test.TestOption(AutosaveExcelReportAsClient) && !client.isEmpty())
-        path += u' ' + client;
-    return path.contains(WorkbookExtension) ? path : path + WorkbookExtension;
+        path = PathForPerson(path, QStringLiteral(" "), client, WorkbookExtension).chopped(WorkbookExtension.size());
+    return path.endsWith(WorkbookExtension) ? path : path + WorkbookExtension;
 }

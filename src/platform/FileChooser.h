@@ -11,6 +11,8 @@ struct FileQuestion {
     QString FileName;
     /// With its dot, appended by saving to a name without extension; empty for none.
     QString DefaultExtension;
+    /// Whether saving asks before an existing file would be replaced; false for a caller that asks itself.
+    bool AsksBeforeReplacing = true;
 };
 
 /// File dialogs. The empty text is "cancelled".
@@ -19,7 +21,6 @@ class FileChooser {
     virtual ~FileChooser() = default;
 
     virtual QString OpenFile(const FileQuestion& question) = 0;
-    /// Asks before an existing file would be replaced.
     virtual QString SaveFile(const FileQuestion& question) = 0;
     virtual QString ChooseFolder(const QString& title, const QString& start) = 0;
 };

@@ -12,7 +12,7 @@ class Launcher {
   public:
     virtual ~Launcher() = default;
 
-    /// Opens a file with a program: on Windows by the command line program + " " + path, in which the path stands as it
-    /// is; elsewhere the path is the one argument.
+    /// Opens a file with a program. The path is made absolute, so that no name is taken for an option. On Windows it
+    /// follows the program and a blank in the command line, without quotes; elsewhere it is the one argument.
     virtual Result Open(const QString& program, const QString& path, WindowState window = WindowState::Normal) = 0;
 };

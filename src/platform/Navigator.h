@@ -25,6 +25,9 @@ enum class HelpTopic {
     HtmlExport,
 };
 
+/// What a text in a report window is: a report is asked about when it was never saved, what is only read isn't.
+enum class TextKind { Reading, Report };
+
 /// How a window gets to the other windows. A window asks here and never makes another subsystem's window itself.
 class Navigator {
   public:
@@ -43,7 +46,7 @@ class Navigator {
     /// The general options, modally.
     virtual void ShowGeneralOptions() = 0;
     /// A new report window that blocks nothing.
-    virtual void ShowText(const QString& text, const QString& caption) = 0;
+    virtual void ShowText(const QString& text, const QString& caption, TextKind kind = TextKind::Reading) = 0;
     virtual void ShowHelp(HelpTopic topic) = 0;
     virtual void ShowAbout() = 0;
 

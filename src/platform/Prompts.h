@@ -14,6 +14,8 @@ struct Prompt {
     QString Title;
     PromptButtons Buttons = PromptButtons::Ok;
     PromptIcon Icon = PromptIcon::None;
+    /// What Enter answers in a box with Yes, No and Cancel.
+    PromptAnswer Default = PromptAnswer::Yes;
 };
 
 /// What a button does; it decides the button's place, which differs from system to system.

@@ -1,105 +1,258 @@
 #include "platform/SafeFile.h"
 
-#include "platform/FlushToDisk.h"
 #include "platform/NameRefusal.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <optional>
+
 namespace {
 
+const QString Unchanged = QStringLiteral("The earlier version was not changed.");
+const QString UnchangedBefore = QStringLiteral("What it held before was not changed.");
+const QString NothingThere = QStringLiteral("There was no earlier version.");
+const QString ReadBackDiffers = QStringLiteral("what was read back differs from what was written");
+
 Result Failed(const QString& path, const QString& reason, const QString& kept) {
-    return Result::Failed(QStringLiteral("Can't write the file '") + path + QStringLiteral("': ") + reason +
-                          QStringLiteral(". ") + kept);
+    return ResultOf(path, {false, reason, kept});
 }
 
-QString ReasonOf(const QFile& file) {
-    if (file.error() == QFileDevice::NoError)
-        return QStringLiteral("the disk did not take it");
-    // Windows ends its reasons with a full stop, other systems don't.
-    const QString reason = file.errorString();
-    return reason.endsWith(u'.') ? reason.chopped(1) : reason;
-}
-
-void CloseToOthers(QFile& file) { file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner); }
-
-/// For an unbuffered file. A disk that fills up takes a piece first, and says why not the rest only when it is asked
-/// for that.
-bool WriteAll(QFile& file, const QByteArray& content) {
-    qint64 done = 0;
-    while (done < content.size()) {
-        const qint64 taken = file.write(content.constData() + done, content.size() - done);
-        if (taken <= 0)
-            return false;
-        done += taken;
+/// What stands in the system's folders of devices and of open files isn't replaced, whatever it leads to.
+bool LeadsToDevice(const QString& path) {
+    QFileInfo info(path);
+    constexpr int mostLinks = 40;
+    for (int i = 0; i < mostLinks; ++i) {
+        const QString name = QDir::cleanPath(info.absoluteFilePath());
+        if ((name.startsWith(QStringLiteral("/dev/")) && !name.startsWith(QStringLiteral("/dev/shm/"))) ||
+            name.startsWith(QStringLiteral("/proc/")))
+            return true;
+        if (!info.isSymLink())
+            break;
+        info.setFile(info.symLinkTarget());
     }
-    return true;
+    return info.exists() && !info.isFile();
 }
 
-bool Put(QFile& file, const QByteArray& content) { return WriteAll(file, content) && FlushToDisk(file); }
-
-bool Holds(const QString& path, qint64 position, const QByteArray& content) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.seek(position) && file.readAll() == content;
+/// Nothing to be renamed: devices, pipes.
+WriteOutcome WriteStraight(const QString& path, const QByteArray& content, const WriteManner& manner) {
+    DiskFile file(path, QFileInfo::exists(path) ? DiskFile::Way::Straight : DiskFile::Way::StraightToNew,
+                  manner.Readers);
+    if (!file.IsOpen() || !file.Write(content) || !file.Flush() || !file.Close())
+        return {false, file.Reason(), NothingThere};
+    return {true, {}, {}};
 }
 
-QString FreeNameBeside(const QString& path) {
+bool Holds(const DiskFile& file, qint64 position, const QByteArray& content) {
+    return file.Read(position, content.size()) == content;
+}
+
+/// One attempt to bring content to target, which is no link, by way of a new file beside it.
+class Replacing {
+  public:
+    Replacing(const QString& target, const QByteArray& content, const WriteManner& manner, bool locked)
+        : target_(target), content_(content), manner_(manner), isNew_(!QFileInfo::exists(target)) {
+        fresh_ = HiddenNameBeside(target, QStringLiteral(".vellumo-new"));
+        // Under the lock nobody else has this name, so what has it was left by a program that ended.
+        if (!locked || (QFileInfo::exists(fresh_) && !QFile::remove(fresh_)))
+            fresh_ += u'-' + QString::number(QCoreApplication::applicationPid());
+    }
+
+    WriteOutcome Run();
+
+  private:
+    WriteOutcome Stopped(const QString& reason) const { return {false, reason, isNew_ ? NothingThere : Unchanged}; }
+    QString WriteFresh();
+    WriteOutcome MoveToTarget();
+    WriteOutcome WriteInPlace();
+    WriteOutcome PutBack(const QString& copy, const QString& reason);
+
+    QString target_;
+    const QByteArray& content_;
+    const WriteManner& manner_;
+    bool isNew_;
+    QString fresh_;
+    bool accessKept_ = true;
+    bool freshIsOwn_ = false;
+};
+
+WriteOutcome Replacing::Run() {
+    if (!isNew_ && manner_.MustBeNew)
+        return {false, QStringLiteral("there is a file of that name"), Unchanged, true};
+    if (!isNew_) {
+        // Whoever may not write it may not replace it, although the folder would allow it.
+        const DiskFile target(target_, DiskFile::Way::InPlace);
+        if (!target.IsOpen())
+            return Stopped(target.Reason());
+    }
+    if (const QString reason = WriteFresh(); !reason.isEmpty()) {
+        if (freshIsOwn_)
+            QFile::remove(fresh_);
+        return Stopped(reason);
+    }
+    const WriteOutcome outcome = accessKept_ ? MoveToTarget() : WriteInPlace();
+    if (!outcome.Written)
+        QFile::remove(fresh_);
+    return outcome;
+}
+
+/// Why the new file doesn't hold the content on the disk; empty when it does.
+QString Replacing::WriteFresh() {
+    DiskFile file(fresh_, DiskFile::Way::New, manner_.Readers);
+    if (!file.IsOpen()) {
+        if (!QFileInfo(target_).dir().exists())
+            return QStringLiteral("there is no such folder");
+        return isNew_ ? file.Reason() : QStringLiteral("no new file can be made in its folder: ") + file.Reason();
+    }
+    freshIsOwn_ = true;
+    if (!file.Write(content_) || !file.Flush())
+        return file.Reason();
+    if (file.Size() != content_.size() || !Holds(file, 0, content_))
+        return ReadBackDiffers;
+    if (!isNew_)
+        accessKept_ = file.TakeAccessOf(target_);
+    return file.Close() ? QString() : file.Reason();
+}
+
+WriteOutcome Replacing::MoveToTarget() {
+    QString reason;
+    switch (MoveFileTo(fresh_, target_, !isNew_, reason)) {
+    case Moved::Done:
+        return {true, {}, {}};
+    case Moved::NameTaken:
+        return {false, QStringLiteral("another program has made a file of that name"), Unchanged, true};
+    case Moved::NotAllowed:
+        return WriteInPlace();
+    case Moved::Failed:
+        break;
+    }
+    return Stopped(reason);
+}
+
+QString FreeNameFor(const QString& path) {
     QString name = path + QStringLiteral(".earlier");
     for (int k = 1; QFileInfo(name).isSymLink() || QFile::exists(name); ++k)
         name = path + QStringLiteral(".earlier(%1)").arg(k);
     return name;
 }
 
-/// Copies the file at path to copyPath, flushed, with the same permissions; removes a copy that failed. The reason,
-/// empty when it went well.
-QString CopyAside(const QString& path, const QString& copyPath) {
-    QFile source(path);
+/// The new file can't have the name, so the content goes over the earlier version, of which a copy is beside it
+/// meanwhile.
+WriteOutcome Replacing::WriteInPlace() {
+    QFile source(target_);
     if (!source.open(QIODevice::ReadOnly))
-        return ReasonOf(source);
-    QFile copy(copyPath);
-    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
-                   QFileDevice::ReadOwner | QFileDevice::WriteOwner))
-        return QStringLiteral("its earlier version can't be set aside as '") + copyPath + QStringLiteral("': ") +
-               ReasonOf(copy);
-    bool copied = true;
-    while (copied && !source.atEnd()) {
-        const QByteArray block = source.read(1 << 20);
-        copied = source.error() == QFileDevice::NoError && WriteAll(copy, block);
+        return Stopped(source.errorString());
+    const QByteArray earlier = source.readAll();
+    if (source.error() != QFileDevice::NoError)
+        return Stopped(source.errorString());
+    source.close();
+
+    const QString copy = FreeNameFor(target_);
+    {
+        DiskFile aside(copy, DiskFile::Way::New);
+        if (!aside.IsOpen())
+            return Stopped(QStringLiteral("its earlier version can't be set aside: ") + aside.Reason());
+        aside.TakeAccessOf(target_);
+        if (!aside.Write(earlier) || !aside.Flush() || !Holds(aside, 0, earlier) || !aside.Close()) {
+            QFile::remove(copy);
+            return Stopped(QStringLiteral("its earlier version can't be set aside: ") +
+                           (aside.Reason().isEmpty() ? ReadBackDiffers : aside.Reason()));
+        }
     }
-    copied = copied && FlushToDisk(copy);
-    if (copied) {
-        copy.setPermissions(source.permissions());
+    DiskFile file(target_, DiskFile::Way::InPlace);
+    if (file.IsOpen() && file.Write(content_) && file.CutTo(content_.size()) && file.Flush() &&
+        Holds(file, 0, content_)) {
+        QFile::remove(copy);
+        QFile::remove(fresh_);
+        return {true, {}, {}};
+    }
+    return PutBack(copy, file.Reason().isEmpty() ? ReadBackDiffers : file.Reason());
+}
+
+WriteOutcome Replacing::PutBack(const QString& copy, const QString& reason) {
+    QFile source(copy);
+    DiskFile file(target_, DiskFile::Way::InPlace);
+    if (source.open(QIODevice::ReadOnly)) {
+        const QByteArray earlier = source.readAll();
+        if (file.IsOpen() && file.Write(earlier) && file.CutTo(earlier.size()) && file.Flush() &&
+            Holds(file, 0, earlier)) {
+            QFile::remove(copy);
+            return Stopped(reason);
+        }
+    }
+    return {false, reason, QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")};
+}
+
+/// The caller's lock, or one of its own. Without a lock where none can be made: then nothing else can be made either,
+/// or the system keeps no locks.
+class LockWhileWriting {
+  public:
+    LockWhileWriting(const QString& path, const FileLock* held) {
+        if (held)
+            return;
+        lock_.emplace(path);
+        outcome_ = lock_->Take();
+    }
+    bool IsBusy() const { return outcome_ == FileLock::Outcome::Busy; }
+    QString Reason() const { return lock_->Holder(); }
+    FileLock* Lock() { return lock_ && outcome_ == FileLock::Outcome::Taken ? &*lock_ : nullptr; }
+
+  private:
+    std::optional<FileLock> lock_;
+    FileLock::Outcome outcome_ = FileLock::Outcome::Taken;
+};
+
+const QByteArray Appending = "append";
+const QByteArray CutOff = "cut off";
+
+QByteArray NoteOf(qint64 from, qint64 length) {
+    return Appending + ' ' + QByteArray::number(from) + ' ' + QByteArray::number(length);
+}
+
+/// Appends to the open file. The reason why not is empty when it went well.
+QString Append(DiskFile& file, const QByteArray& content, FileLock* lock, QString& kept) {
+    const QByteArray earlierNote = lock ? lock->Note() : QByteArray();
+    const qint64 before = file.Size();
+    if (lock)
+        lock->SetNote(NoteOf(before, content.size()));
+    const bool written = file.Write(content) && file.Flush();
+    const bool inOnePiece = file.WrittenTo() - file.WrittenFrom() == content.size();
+    QString reason = file.Reason();
+    if (written && inOnePiece && Holds(file, file.WrittenFrom(), content)) {
+        if (lock)
+            lock->SetNote({});
         return {};
     }
-    const QString reason = QStringLiteral("its earlier version can't be set aside: ") +
-                           ReasonOf(source.error() != QFileDevice::NoError ? source : copy);
-    copy.close();
-    QFile::remove(copyPath);
+    if (reason.isEmpty())
+        reason = inOnePiece ? ReadBackDiffers : QStringLiteral("another program wrote to it at the same time");
+    // What was written is cut off only as long as it is the end of the file, and all of it is one's own.
+    const qint64 from = file.WrittenFrom();
+    const qint64 taken = file.WrittenTo() - from;
+    const bool nothing = taken == 0;
+    const bool own = !nothing && taken <= content.size() && file.Size() == file.WrittenTo() &&
+                     file.Read(from, taken) == content.first(taken);
+    if (nothing || (own && file.CutTo(from))) {
+        kept = UnchangedBefore;
+        if (lock)
+            lock->SetNote(earlierNote);
+    } else {
+        kept = UnchangedBefore + QStringLiteral(" A part of the new text is in it.");
+        if (lock)
+            lock->SetNote(CutOff);
+    }
     return reason;
 }
 
-Result WriteNew(const QString& path, const QByteArray& content, Audience audience, bool isNew) {
-    QFile file(path);
-    const auto permissions = audience == Audience::OwnerOnly ? QFileDevice::ReadOwner | QFileDevice::WriteOwner
-                                                             : QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                                                   QFileDevice::ReadGroup | QFileDevice::ReadOther;
-    // Unbuffered, so that a full disk is told by the write that meets it.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered, permissions))
-        return Result::Failed(QFileInfo(path).dir().exists() ? ReasonOf(file)
-                                                             : QStringLiteral("there is no such folder"));
-    if (isNew && audience == Audience::OwnerOnly)
-        CloseToOthers(file);
-    if (!Put(file, content))
-        return Result::Failed(ReasonOf(file));
-    file.close();
-    const QFileInfo info(path);
-    if (info.isFile() && !Holds(path, 0, content))
-        return Result::Failed(QStringLiteral("what was read back differs from what was written"));
-    return Result::Done();
-}
-
 } // namespace
+
+Result ResultOf(const QString& path, const WriteOutcome& outcome) {
+    if (outcome.Written)
+        return Result::Done();
+    return Result::Failed(QStringLiteral("Can't write the file '") + path + QStringLiteral("': ") + outcome.Reason +
+                          QStringLiteral(". ") + outcome.Kept);
+}
 
 WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, const WriteManner& manner) {
     const QFileInfo info(path);
@@ -107,64 +260,64 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
         return {false, QStringLiteral("it is a directory"), QStringLiteral("Nothing was changed.")};
     if (const QString reason = NameRefusal(path); !reason.isEmpty())
         return {false, reason, QStringLiteral("Nothing was changed.")};
-    const QString unchanged = QStringLiteral("The earlier version was not changed.");
-    const bool isNew = !info.exists();
-    const bool replaces = info.isFile();
-    // The copy lies beside the file itself, also when the path is a link to it.
-    const QString copy = replaces ? FreeNameBeside(QDir::toNativeSeparators(info.canonicalFilePath())) : QString();
-    if (replaces) {
-        QFile target(path);
-        if (!target.open(QIODevice::ReadWrite))
-            return {false, ReasonOf(target), unchanged};
-        target.close();
-        if (const QString reason = CopyAside(path, copy); !reason.isEmpty())
-            return {false, reason, unchanged};
-    }
-
-    const Result written = WriteNew(path, content, manner.Readers, isNew);
-    if (!written && isNew && !manner.PieceStays)
-        QFile::remove(info.isSymLink() ? info.symLinkTarget() : path);
-    if (!written || !manner.StopsBecause.isEmpty())
-        return {false, written ? manner.StopsBecause : written.Message(),
-                replaces ? QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")
-                         : QStringLiteral("There was no earlier version.")};
-    if (replaces && !QFile::remove(copy))
-        return {true,
-                {},
-                QStringLiteral("its earlier version stays in '") + copy + QStringLiteral("', which can't be removed.")};
-    return {true, {}, {}};
+    if (LeadsToDevice(path))
+        return WriteStraight(path, content, manner);
+    const QString target = TargetOf(path);
+    LockWhileWriting own(target, manner.Held);
+    if (own.IsBusy())
+        return {false, own.Reason(), info.exists() ? Unchanged : NothingThere};
+    FileLock* lock = manner.Held ? manner.Held : own.Lock();
+    const WriteOutcome outcome = Replacing(QDir::toNativeSeparators(target), content, manner, lock != nullptr).Run();
+    if (outcome.Written && lock && !lock->Note().isEmpty())
+        lock->SetNote({}); // whatever was cut off before is gone
+    return outcome;
 }
 
-Result WriteFile(const QString& path, const QByteArray& content, Audience audience) {
-    const WriteOutcome outcome = WriteFileInManner(path, content, {audience});
-    if (!outcome.Written)
-        return Failed(path, outcome.Reason, outcome.Kept);
-    if (!outcome.Kept.isEmpty())
-        return Result::Failed(QStringLiteral("The file '") + path + QStringLiteral("' was written, but ") +
-                              outcome.Kept);
-    return Result::Done();
+Result WriteFile(const QString& path, const QByteArray& content, Audience audience, FileLock* held) {
+    WriteManner manner{audience};
+    manner.Held = held;
+    return ResultOf(path, WriteFileInManner(path, content, manner));
 }
 
-Result AppendToFile(const QString& path, const QByteArray& content, Audience audience) {
-    const QFileInfo info(path);
-    if (!info.exists() || !info.isFile() || !NameRefusal(path).isEmpty())
+Result AppendToFile(const QString& path, const QByteArray& content, Audience audience, FileLock* held) {
+    if (QFileInfo(path).isDir() || !NameRefusal(path).isEmpty() || LeadsToDevice(path))
         return WriteFile(path, content, audience);
+    LockWhileWriting own(path, held);
+    if (own.IsBusy())
+        return Failed(path, own.Reason(), UnchangedBefore);
+    FileLock* lock = held ? held : own.Lock();
 
-    const QString unchanged = QStringLiteral("What it held before was not changed.");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
-        return Failed(path, ReasonOf(file), unchanged);
-    const qint64 earlierLength = file.size();
-    QString reason;
-    if (!file.seek(earlierLength) || !Put(file, content))
-        reason = ReasonOf(file);
-    else if (!Holds(path, earlierLength, content))
-        reason = QStringLiteral("what was read back differs from what was written");
-    if (reason.isEmpty())
-        return Result::Done();
+    constexpr int attempts = 5;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (!QFileInfo::exists(path)) {
+            WriteManner manner{audience};
+            manner.MustBeNew = true;
+            manner.Held = lock;
+            const WriteOutcome outcome = WriteFileInManner(path, content, manner);
+            if (outcome.NameTaken)
+                continue;
+            return ResultOf(path, outcome);
+        }
+        DiskFile file(path, DiskFile::Way::AtEnd);
+        if (!file.IsOpen())
+            return Failed(path, file.Reason(), UnchangedBefore);
+        QString kept;
+        if (const QString reason = Append(file, content, lock, kept); !reason.isEmpty())
+            return Failed(path, reason, kept);
+        // A program that doesn't know of the lock may have replaced the file; then the text is in one that is gone.
+        if (file.IsAt(path))
+            return Result::Done();
+    }
+    return Failed(path, QStringLiteral("another program replaces it again and again"), UnchangedBefore);
+}
 
-    if (file.resize(earlierLength))
-        return Failed(path, reason, unchanged);
-    return Failed(path, reason,
-                  QStringLiteral("What it held before is still there, its first %1 bytes.").arg(earlierLength));
+bool EndsCutOff(const FileLock& lock, const QString& path) {
+    if (lock.Note() == CutOff)
+        return true;
+    const QList<QByteArray> words = lock.Note().split(' ');
+    if (words.size() != 3 || words[0] != Appending)
+        return false;
+    const qint64 from = words[1].toLongLong();
+    const qint64 size = QFileInfo(path).size();
+    return size > from && size < from + words[2].toLongLong();
 }

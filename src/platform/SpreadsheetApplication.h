@@ -25,6 +25,10 @@ class SpreadsheetError : public Failure {
 
 /// The number of "the workbook is open elsewhere".
 inline constexpr int WorkbookOpenElsewhere = 462;
+/// The number of "another Vellumo is writing the workbook".
+inline constexpr int WorkbookHeldByVellumo = 463;
+/// The number of "the workbook was saved, but", as the description says.
+inline constexpr int WorkbookSavedBut = 464;
 /// What the user is told where there is no such application.
 inline const QString SpreadsheetNotInstalled = QStringLiteral("Excel does not appear to be installed");
 /// The number of everything that has none of its own.

@@ -12,6 +12,20 @@ DefaultFolders ChooseDefaultFolders(const KnownFolders& known) {
     return {known.ProgramFolder, QDir::toNativeSeparators(QDir(known.Documents).filePath(QStringLiteral("Vellumo")))};
 }
 
+Result CheckWorkingDirectory(const QString& path) {
+    const QFileInfo folder(path);
+    const QString sentence = QStringLiteral("The working directory '") + path + QStringLiteral("' can't be used: ");
+    if (path.trimmed().isEmpty())
+        return Result::Failed(QStringLiteral("The working directory is empty: name a folder that exists"));
+    if (!folder.exists())
+        return Result::Failed(sentence + QStringLiteral("it doesn't exist"));
+    if (!folder.isDir())
+        return Result::Failed(sentence + QStringLiteral("it is not a folder"));
+    if (!folder.isReadable() || !folder.isExecutable())
+        return Result::Failed(sentence + QStringLiteral("it can't be opened"));
+    return Result::Done();
+}
+
 void PrepareWorkingDirectory(const DefaultFolders& folders, const KnownFolders& known) {
     if (folders.WorkingDirectory == folders.ProgramFolder)
         return;

@@ -50,6 +50,7 @@ constexpr SettingRow Rows[] = {
     TextRow("defaultNextPage", &Settings::DefaultNextPage, HomePageAddress),
     FolderRow("dirhtml", &Settings::HtmlDirectory, Folder::Program),
     FolderRow("dirtemphtml", &Settings::TempHtmlDirectory, Folder::Program),
+    TextRow("htmlLanguage", &Settings::HtmlLanguage, ""),
 };
 
 constexpr const char* DefaultDirectoryKey = "defaultdirectory";

@@ -21,6 +21,8 @@ struct Settings {
     QString DefaultNextPage;
     QString HtmlDirectory;
     QString TempHtmlDirectory;
+    /// The language that web pages declare, as a tag of BCP 47 ("de", "pt-BR"); "" for the system's.
+    QString HtmlLanguage;
 };
 
 /// The address of the program's own web page.

@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+#include <functional>
+
 /// How the file of an automatic report came about.
 struct WrittenReport {
     /// Empty when nothing was written.
@@ -30,5 +32,10 @@ QString ReportPathFor(TestDocument& test, const QString& clientName, Prompts& pr
 /// Whether the dialog asks before the report is written.
 bool AutoReportAsks(const Session& session);
 
-/// Writes text and a line break to path: behind what is there when append, in its place otherwise.
+/// Writes text and a line break to path: after what is there when append, in its place otherwise. A report at the end
+/// of the file that was cut off, since its program ended while it wrote, is completed by a line that says so.
 Result WriteReportFile(const QString& path, const QString& text, bool append);
+
+/// The same to a file that isn't there yet. When another program has taken the name since path was found, nextPath
+/// gives the next one, and path is then the one that the file has.
+Result WriteNewReportFile(QString& path, const QString& text, const std::function<QString()>& nextPath);

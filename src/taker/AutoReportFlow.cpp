@@ -59,26 +59,35 @@ bool AutoReportForm::MayReplace(const QString& filePath) {
 void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }
 
 Result AutoReportFlow::Run(const AskFunction& ask) {
-    session_.ReportFilePath = ReportPathFor(session_.Test, session_.ClientName, prompts_);
+    const QString found = ReportPathFor(session_.Test, session_.ClientName, prompts_);
+    session_.ReportFilePath = found;
     if (AutoReportAsks(session_)) {
         AutoReportForm form(session_, prompts_);
         ask(form);
     }
     session_.Responses.SilentReport = true;
-    const Result outcome = report_.Run() == ReportOutcome::Refused ? Result::Done() : Write();
+    const Result outcome = report_.Run() == ReportOutcome::Refused ? Result::Done() : Write(found);
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
     return outcome;
 }
 
-Result AutoReportFlow::Write() {
-    const QString path = session_.ReportFilePath;
+Result AutoReportFlow::Write(const QString& found) {
+    QString& path = session_.ReportFilePath;
     if (path.isEmpty() || path == NoReportFile)
         return Result::Done();
     const TestDocument& test = session_.Test;
-    if (Result written = WriteReportFile(path, session_.ReportText, test.TestOption(AppendToReportFile)); !written) {
+    const bool isNew = !QFileInfo::exists(path);
+    const bool append = test.TestOption(AppendToReportFile);
+    const auto nextPath = [&] { return ReportPathFor(session_.Test, session_.ClientName, prompts_); };
+    // A name that nobody has chosen was free when it was found, and its file replaces none.
+    const Result written = path == found && !append ? WriteNewReportFile(path, session_.ReportText, nextPath)
+                                                    : WriteReportFile(path, session_.ReportText, append);
+    if (!written) {
         report_.ShowReport();
         return written;
     }
+    if (isNew && session_.FileMade)
+        session_.FileMade(path);
     session_.AutoReportDone = true;
     session_.Filed.ReportPath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
     session_.Filed.Report = session_.Responses;

@@ -49,7 +49,7 @@ class AutoReportFlow {
     Result Run(const AskFunction& ask);
 
   private:
-    Result Write();
+    Result Write(const QString& found);
 
     Session& session_;
     Prompts& prompts_;

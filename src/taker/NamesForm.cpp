@@ -4,16 +4,23 @@ NamesAsked NamesAskedBy(const TestDocument& test) {
     return {test.TestOption(PromptClientName), test.TestOption(PromptTesterName)};
 }
 
-NamesForm::NamesForm(Session& session, SettingsStore& store, NamesAsked asked)
-    : session_(session), store_(store), asked_(asked) {
+NamesForm::NamesForm(Session& session, SettingsStore& store, NamesAsked asked, NamesFor administration)
+    : session_(session),
+      store_(store),
+      asked_(asked),
+      clientName_(administration == NamesFor::Running ? session.ClientName : session.NextClientName) {
     session_.NamesCancelled = false;
     if (!Persist()) {
-        session_.ClientName.clear();
+        session_.KeptClientName.clear();
         session_.AdministratorName.clear();
     }
 }
 
-QString NamesForm::ClientText() const { return asked_.Client ? session_.ClientName : DisabledName; }
+QString NamesForm::ClientText() const {
+    if (!asked_.Client)
+        return DisabledName;
+    return clientName_.isEmpty() ? session_.KeptClientName : clientName_;
+}
 
 QString NamesForm::AdministratorText() const {
     return asked_.Administrator ? session_.AdministratorName : DisabledName;
@@ -32,8 +39,10 @@ void NamesForm::SetPersist(bool persist) {
 }
 
 void NamesForm::Accept(const QString& clientText, const QString& administratorText) {
-    if (asked_.Client)
-        session_.ClientName = clientText;
+    if (asked_.Client) {
+        clientName_ = clientText;
+        session_.KeptClientName = Persist() ? clientText : QString();
+    }
     if (asked_.Administrator)
         session_.AdministratorName = administratorText;
     if (!Persist())

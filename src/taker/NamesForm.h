@@ -15,11 +15,15 @@ NamesAsked NamesAskedBy(const TestDocument& test);
 /// What a box holds whose name isn't asked for.
 inline const QString DisabledName = QStringLiteral("<Disabled>");
 
-/// The rules of the names window. Making one is its opening: NamesCancelled is cleared, and so are both names unless
-/// they are kept from one test to the next.
+/// Whose administration the client's name is for.
+enum class NamesFor { Running, Next };
+
+/// The rules of the names window. Making one is its opening: NamesCancelled is cleared, and so are the administrator's
+/// name and the client's name of earlier administrations, unless names are kept from one test to the next. A kept
+/// client's name is only offered: it counts when the window is answered.
 class NamesForm {
   public:
-    NamesForm(Session& session, SettingsStore& store, NamesAsked asked);
+    NamesForm(Session& session, SettingsStore& store, NamesAsked asked, NamesFor administration);
 
     bool ClientEnabled() const { return asked_.Client; }
     bool AdministratorEnabled() const { return asked_.Administrator; }
@@ -38,4 +42,5 @@ class NamesForm {
     Session& session_;
     SettingsStore& store_;
     NamesAsked asked_;
+    QString& clientName_;
 };

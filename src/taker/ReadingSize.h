@@ -9,7 +9,11 @@
 class ReadingSize {
   public:
     /// Without a store nothing is remembered. A stored size that isn't one counts as the nearest, or as the usual one.
-    explicit ReadingSize(SettingsStore* store);
+    /// Sizes above largest, in percent, aren't offered, but for the usual one and smaller ones.
+    ReadingSize(SettingsStore* store, int largest);
+
+    /// The largest size with which the test window fits on a screen with that much room, in its own pixels.
+    static int LargestOn(int width, int height);
 
     int Percent() const;
     /// One step larger (1) or smaller (-1), as far as there are steps.
@@ -20,5 +24,6 @@ class ReadingSize {
     void Take(qsizetype step);
 
     SettingsStore* store_;
+    qsizetype lastStep_;
     qsizetype step_;
 };

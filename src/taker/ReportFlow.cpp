@@ -31,7 +31,7 @@ ReportOutcome ReportFlow::Run() {
 
 void ReportFlow::ShowReport() {
     session_.Filed.Shown = session_.Responses;
-    navigator_.ShowText(session_.ReportText, QStringLiteral("Report for ") + session_.Test.TestTitle);
+    navigator_.ShowText(session_.ReportText, QStringLiteral("Report for ") + session_.Test.TestTitle, TextKind::Report);
 }
 
 bool ReportFlow::EndsProgram() {

@@ -4,7 +4,9 @@
 #include "taker/ResponseSet.h"
 #include "testdoc/TestDocument.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 /// What was made of the current administration's answers, each with the answers that went into it.
 struct FiledAnswers {
@@ -23,7 +25,12 @@ struct Session {
     Settings UserSettings;
     ResponseSet Responses;
 
+    /// The client of the administration that is running; "" for none.
     QString ClientName;
+    /// The client's name that was given for the next administration; "" for none.
+    QString NextClientName;
+    /// The name given last. It is offered in the names window, and is nobody's name until that is answered.
+    QString KeptClientName;
     QString AdministratorName;
     bool NamesCancelled = false;
 
@@ -31,8 +38,10 @@ struct Session {
     QString ReportFilePath;
     bool AutoReportDone = false;
     bool SpreadsheetExported = false;
-    /// Full path of the workbook that the last successful export of this administration went into; empty for none.
+    /// The full path of the workbook that this administration's results went to last; empty when they went to none.
     QString SpreadsheetFilePath;
+    /// Is told of each file that an administration makes, with its path; may be empty.
+    std::function<void(const QString& path)> FileMade;
     FiledAnswers Filed;
 
     /// The export as a web page: the template, and what is filled in for its "[EMAIL]" and "[NEXT PAGE]". They begin as
@@ -40,17 +49,23 @@ struct Session {
     QString HtmlTemplatePath;
     QString HtmlEmailAddress;
     QString HtmlNextPage;
+    /// The language that the page declares, as a tag of BCP 47; "" for the system's.
+    QString HtmlLanguage;
     /// The page generated last; "" when that failed.
     QString GeneratedHtml;
     /// What ends a multichoice question in a page. A template without it leaves that of the template before.
     QString ClosingPart;
 };
 
+/// An administration begins: its client is the one named for it, and whoever comes after has to be named anew.
+inline void TakeNextClient(Session& session) { session.ClientName = std::exchange(session.NextClientName, QString()); }
+
 /// Lets the values of the web page's export begin as the settings say.
 inline void TakeHtmlSettings(Session& session) {
     session.HtmlTemplatePath = session.UserSettings.HtmlTemplatePath;
     session.HtmlEmailAddress = session.UserSettings.DefaultEmail;
     session.HtmlNextPage = session.UserSettings.DefaultNextPage;
+    session.HtmlLanguage = session.UserSettings.HtmlLanguage;
 }
 
 /// The same for those that differ from earlier settings; what was changed for the run alone stays.
@@ -62,4 +77,6 @@ inline void TakeChangedHtmlSettings(Session& session, const Settings& earlier) {
         session.HtmlEmailAddress = now.DefaultEmail;
     if (now.DefaultNextPage != earlier.DefaultNextPage)
         session.HtmlNextPage = now.DefaultNextPage;
+    if (now.HtmlLanguage != earlier.HtmlLanguage)
+        session.HtmlLanguage = now.HtmlLanguage;
 }

@@ -2,6 +2,7 @@
 
 #include "base/LineBreak.h"
 #include "base/Text.h"
+#include "testdoc/TestParser.h"
 
 #include <algorithm>
 
@@ -17,6 +18,15 @@ QString Excerpt(const QString& text, qsizetype difference) {
     piece.replace(u'\n', QStringLiteral("<line break>")).replace(u'\r', QStringLiteral("<line break>"));
     return (begin > 0 ? QStringLiteral("...") : QString()) + piece +
            (begin + longest < text.size() ? QStringLiteral("...") : QString());
+}
+
+/// A line break in the name of a file or folder is no matter of layout.
+bool LosesOnlyLineBreaks(const TestPlace& place, QString text, const QString& read) {
+    const bool severalLines = place.What == TestPlace::Introduction || place.What == TestPlace::Instructions ||
+                              place.What == TestPlace::CompletionMessage;
+    if (severalLines)
+        return read == TextWhenRead(text.replace(LineBreak, QStringLiteral("<P>")));
+    return place.What < TestPlace::ReportDirectory && read == text.remove(u'\r').remove(u'\n');
 }
 
 class Comparison {
@@ -54,8 +64,8 @@ class Comparison {
     }
 
   private:
-    bool Tell(const TestPlace& place, const QString& text) {
-        findings_.push_back(MakeFinding(Severity::Warning, place, test_, text));
+    bool Tell(const TestPlace& place, const QString& text, Severity level = Severity::Error) {
+        findings_.push_back(MakeFinding(level, place, test_, text));
         return false;
     }
     bool Text(const TestPlace& place, const QString& text, const QString& read);
@@ -87,7 +97,6 @@ class Comparison {
     bool CompareQuestion(int q);
     bool CompareAnswers(int q);
     void CompareOptions();
-    bool TagStandsInAText(const QString& tag) const;
 
     const TestDocument& test_;
     const TestDocument& read_;
@@ -98,8 +107,10 @@ bool Comparison::Text(const TestPlace& place, const QString& text, const QString
     if (text == read)
         return true;
     const auto difference = std::mismatch(text.begin(), text.end(), read.begin(), read.end()).first - text.begin();
-    return Tell(place, Quoted(Excerpt(text, difference)) + QStringLiteral(" is read back as ") +
-                           Quoted(Excerpt(read, difference)));
+    return Tell(place,
+                Quoted(Excerpt(text, difference)) + QStringLiteral(" is read back as ") +
+                    Quoted(Excerpt(read, difference)),
+                LosesOnlyLineBreaks(place, text, read) ? Severity::Warning : Severity::Error);
 }
 
 bool Comparison::Number(const TestPlace& place, const char* what, const Value& number, const Value& read) {
@@ -108,12 +119,13 @@ bool Comparison::Number(const TestPlace& place, const char* what, const Value& n
     if (!fraction && number.TryNumber() == read.TryNumber())
         return true;
     return Tell(place,
-                QStringLiteral("the %1 %2 is read back as %3").arg(QLatin1String(what), number.Text(), read.Text()));
+                QStringLiteral("the %1 %2 is read back as %3").arg(QLatin1String(what), number.Text(), read.Text()),
+                number.TryNumber() == read.TryNumber() ? Severity::Warning : Severity::Error);
 }
 
 void Comparison::CompareTexts() {
     // An empty title has a finding of its own.
-    if (!test_.TestTitle.isEmpty())
+    if (!QString(test_.TestTitle).remove(u'\r').remove(u'\n').isEmpty())
         Text({TestPlace::Title, 0, 0}, test_.TestTitle, read_.TestTitle);
     Text({TestPlace::Introduction, 0, 0}, test_.TestIntroduction, read_.TestIntroduction);
     Text({TestPlace::Instructions, 0, 0}, test_.TestInstructions, read_.TestInstructions);
@@ -163,7 +175,9 @@ bool Comparison::CompareQuestion(int q) {
     // A multichoice question without answers has a finding of its own.
     if (type != read_.QuestionType(q) && !(type == Multichoice && read_.QuestionType(q) == TypeUnset))
         same = Tell(place, QStringLiteral("the type %1 is read back as %2").arg(type).arg(read_.QuestionType(q)));
-    same = Number(place, "sub-scale", test_.QuestionSubscale(q), read_.QuestionSubscale(q)) && same;
+    // None is written for a number below 1, which stands for none as well.
+    if (test_.QuestionSubscale(q) > 0 || read_.QuestionSubscale(q) > 0)
+        same = Number(place, "sub-scale", test_.QuestionSubscale(q), read_.QuestionSubscale(q)) && same;
     return CompareAnswers(q) && same;
 }
 
@@ -180,18 +194,9 @@ bool Comparison::CompareAnswers(int q) {
         });
 }
 
-bool Comparison::TagStandsInAText(const QString& tag) const {
-    bool stands = false;
-    ForEachText(test_, [&](const TestPlace& place, const QString& text) {
-        stands = stands || (place.What < TestPlace::ReportDirectory && text.contains(tag, Qt::CaseInsensitive));
-    });
-    return stands;
-}
-
 void Comparison::CompareOptions() {
     const auto compare = [this](const QString& tag, bool set, bool read) {
-        // A tag inside a text is told at that text.
-        if (set != read && !TagStandsInAText(tag))
+        if (set != read)
             Tell({}, QStringLiteral("the option ") + tag +
                          (read ? QStringLiteral(" is on when the test is read back")
                                : QStringLiteral(" is off when the test is read back")));

@@ -133,7 +133,8 @@ void DocumentChecker::CheckBrackets(const TestPlace& place, const QString& text)
         if (!upper.contains(tag))
             return;
         tagFound = true;
-        Warn(place, QStringLiteral("the text contains ") + tag + QStringLiteral(", which switches that option on"));
+        WarnProvisionally(place, QStringLiteral("the text contains ") + tag +
+                                     QStringLiteral(", which switches that option on"));
     };
     for (int i = 1; i <= OptionCount; ++i)
         lookFor(test_.OptionTag(i));
@@ -145,7 +146,7 @@ void DocumentChecker::CheckBrackets(const TestPlace& place, const QString& text)
 }
 
 void DocumentChecker::CheckTextInPage(const TestPlace& place, const QString& text, PageUse use) {
-    const QString consequence = QStringLiteral(", which breaks a generated page");
+    const QString consequence = QStringLiteral(", which breaks a page whose template takes texts as they are");
     for (qsizetype at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<', at + 1)) {
         const QChar next = at + 1 < text.size() ? text[at + 1] : QChar(u' ');
         if (next.isLetter() || next == u'/' || next == u'!' || next == u'?') {

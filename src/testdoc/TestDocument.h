@@ -42,6 +42,8 @@ struct TestDocument : TestSummary {
     /// The text of the file after reading: line ends removed, "<P>" turned into CR LF.
     QString TestFileText;
     int TestFileLength = 0;
+    /// The SHA-256 of the file's bytes, in hexadecimal digits; by it a test is known again.
+    QString TestFileHash;
     /// The file's name without directory and extension.
     QString TestBaseName;
 

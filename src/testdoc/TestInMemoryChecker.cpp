@@ -1,8 +1,7 @@
 #include "testdoc/TestInMemoryChecker.h"
 
 #include "base/Text.h"
-#include "testdoc/ReadBack.h"
-#include "testdoc/TestParser.h"
+#include "testdoc/RoundTrip.h"
 #include "testdoc/TestWriter.h"
 
 #include <algorithm>
@@ -34,22 +33,28 @@ class SavingChecker {
   public:
     explicit SavingChecker(const TestDocument& test) : test_(test), probe_(test) {}
 
-    std::vector<Finding> Run(int* lengthWhenRead) {
+    /// What becomes of the test in its file.
+    std::vector<Finding> Saving() {
         CheckCharacters();
         CheckNumbers();
         CheckQuestions();
-        const WrittenTest written = WriteTest(test_);
-        const int length = LengthWhenRead(written.Text);
-        CheckLength(length);
+        length_ = LengthWhenRead(WriteTest(test_).Text);
+        CheckLength();
         // A longer one can't be opened at all, and what else there is comes to light as soon as it is short enough.
-        if (length <= MaxTestFileLength)
-            CheckReadBack(mended_ ? WriteTest(probe_) : written);
+        if (length_ <= MaxTestFileLength)
+            for (Finding& finding : CheckRoundTrip(probe_))
+                findings_.push_back(std::move(finding));
+        Sort();
+        return findings_;
+    }
+
+    std::vector<Finding> All() {
+        Saving();
         AddWhatTheDocumentTells();
         Sort();
-        if (lengthWhenRead)
-            *lengthWhenRead = length;
         return std::move(findings_);
     }
+    int LengthWhenSaved() const { return length_; }
 
   private:
     void Tell(Severity level, const TestPlace& place, const QString& text) {
@@ -59,17 +64,14 @@ class SavingChecker {
     void CheckNumbers();
     void CheckNumber(const TestPlace& place, const char* what, const Value& number, Value& probe);
     void CheckQuestions();
-    void CheckLength(int length);
-    void CheckReadBack(const WrittenTest& written);
-    void TellUnreadable(QString message);
-    TestPlace PlaceOfFlaw(const QString& message) const;
+    void CheckLength();
     void AddWhatTheDocumentTells();
     void Sort();
 
     const TestDocument& test_;
     /// The test without the flaws that would end writing or reading it early, so that the others come to light too.
     TestDocument probe_;
-    bool mended_ = false;
+    int length_ = 0;
     std::vector<Finding> findings_;
 };
 
@@ -89,7 +91,6 @@ void SavingChecker::CheckNumber(const TestPlace& place, const char* what, const 
     if (number.TryNumber())
         return;
     probe = 0;
-    mended_ = true;
     const QString typed = number.Text();
     Tell(Severity::Error, place,
          (typed.isEmpty() ? QStringLiteral("the %1 is empty").arg(QLatin1String(what))
@@ -111,21 +112,14 @@ void SavingChecker::CheckNumbers() {
 }
 
 void SavingChecker::CheckQuestions() {
-    bool stops = false;
     for (int q = 1; q <= test_.QuestionCount; ++q) {
         if (test_.QuestionType(q) != Multichoice)
             continue;
         const TestPlace place{TestPlace::Question, q, 0};
         if (q > MaxQuestionsWithAnswers) {
             probe_.QuestionType(q) = TypeUnset;
-            mended_ = true;
-            if (!stops)
-                Tell(
-                    Severity::Error, place,
-                    QStringLiteral("only questions 1 to %1 can be of the type multichoice: saving stops here, and what "
-                                   "stands behind this isn't in the file")
-                        .arg(MaxQuestionsWithAnswers));
-            stops = true;
+            Tell(Severity::Error, place,
+                 QStringLiteral("only questions 1 to %1 can be of the type multichoice").arg(MaxQuestionsWithAnswers));
         } else if (OwnAnswerCount(test_, q) == 0 && test_.TemplateAnswerCount > 0) {
             Tell(Severity::Warning, place,
                  QStringLiteral("the multichoice question has no answers of its own, and becomes a template question "
@@ -134,62 +128,18 @@ void SavingChecker::CheckQuestions() {
     }
 }
 
-void SavingChecker::CheckLength(int length) {
-    if (length > MaxTestFileLength)
+void SavingChecker::CheckLength() {
+    if (length_ > MaxTestFileLength)
         Tell(Severity::Error, {},
-             QStringLiteral("the test is %1 characters too long to be opened again").arg(length - MaxTestFileLength));
-    else if (length >= NearlyFull)
+             QStringLiteral("the test is %1 characters too long to be opened again").arg(length_ - MaxTestFileLength));
+    else if (length_ >= NearlyFull)
         Tell(Severity::Warning, {},
              QStringLiteral("the file holds %1 characters; one with more than %2 can't be read")
-                 .arg(length)
+                 .arg(length_)
                  .arg(MaxTestFileLength));
     if (test_.TestTitle.isEmpty())
         Tell(Severity::Warning, {TestPlace::Title, 0, 0},
              QStringLiteral("the test has no title and is listed as 'Untitled'"));
-}
-
-void SavingChecker::CheckReadBack(const WrittenTest& written) {
-    if (!written.StopsBecause.isEmpty())
-        return Tell(Severity::Error, {}, QStringLiteral("the test can't be saved whole: ") + written.StopsBecause);
-    TestDocument read;
-    read.TestFileText = TextWhenRead(written.Text);
-    read.TestFileLength = static_cast<int>(read.TestFileText.size());
-    try {
-        LoadTest(read);
-    } catch (const Failure& failure) {
-        return TellUnreadable(failure.Message());
-    }
-    for (Finding& difference : DifferencesReadBack(probe_, read))
-        findings_.push_back(std::move(difference));
-}
-
-/// A reader's message ends with the name of the file, which is none here.
-void SavingChecker::TellUnreadable(QString message) {
-    constexpr qsizetype longest = 160;
-    const QString ending = QStringLiteral(" in the file: ");
-    if (message.endsWith(ending))
-        message.chop(ending.size());
-    if (message.endsWith(QStringLiteral("]tag")))
-        message.insert(message.size() - 3, u' ');
-    const TestPlace place = PlaceOfFlaw(message);
-    if (message.size() > longest)
-        message = message.left(longest) + QStringLiteral("...");
-    Tell(Severity::Error, place, QStringLiteral("a file with this can't be opened again: ") + message);
-}
-
-/// The first text that holds the tag which the message misses, or else the first with any bracket.
-TestPlace SavingChecker::PlaceOfFlaw(const QString& message) const {
-    const qsizetype tag = message.indexOf(QStringLiteral("[/"));
-    const QString opening = tag < 0 ? QString() : u'[' + message.mid(tag + 2, message.indexOf(u']', tag) - tag - 1);
-    TestPlace exact;
-    TestPlace any;
-    ForEachText(test_, [&](const TestPlace& place, const QString& text) {
-        if (exact == TestPlace() && !opening.isEmpty() && text.contains(opening, Qt::CaseInsensitive))
-            exact = place;
-        if (any == TestPlace() && text.contains(u'['))
-            any = place;
-    });
-    return exact == TestPlace() ? any : exact;
 }
 
 void SavingChecker::AddWhatTheDocumentTells() {
@@ -224,5 +174,18 @@ void SavingChecker::Sort() {
 } // namespace
 
 std::vector<Finding> CheckForSaving(const TestDocument& test, int* lengthWhenRead) {
-    return SavingChecker(test).Run(lengthWhenRead);
+    SavingChecker checker(test);
+    std::vector<Finding> findings = checker.All();
+    if (lengthWhenRead)
+        *lengthWhenRead = checker.LengthWhenSaved();
+    return findings;
+}
+
+QStringList WhatForbidsSaving(const TestDocument& test) {
+    QStringList reasons;
+    for (const Finding& finding : SavingChecker(test).Saving())
+        if (finding.Level == Severity::Error)
+            reasons.append(finding.Where.isEmpty() ? finding.Text
+                                                   : finding.Where + QStringLiteral(": ") + finding.Text);
+    return reasons;
 }

@@ -6,6 +6,7 @@
 #include "base/WholeNumber.h"
 #include "platform/TextFile.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QSet>
 
@@ -310,6 +311,7 @@ void ClearTest(TestDocument& test) {
 
     test.TestFileName.clear();
     test.TestFileText.clear();
+    test.TestFileHash.clear();
     test.TestTitle.clear();
     test.TestCompletionMessage.clear();
     test.TestInstructions.clear();
@@ -360,6 +362,7 @@ Result ReadTestFile(TestDocument& test, const QString& path) {
                                   .arg(QString::number(text.size()), QString::number(MaxTestFileLength)));
     test.TestFileText = text;
     test.TestFileLength = static_cast<int>(text.size());
+    test.TestFileHash = QString::fromLatin1(QCryptographicHash::hash(file.Bytes, QCryptographicHash::Sha256).toHex());
     return Result::Done();
 }
 

@@ -7,9 +7,9 @@
 /// had before. Use OpenTest where a test must not inherit anything from the one before.
 void ClearTest(TestDocument& test);
 
-/// Sets TestFileName and reads the file into TestFileText and TestFileLength. A path is used as it stands.
-/// Fails when the file can't be read, is no text, or holds more than 32,767 characters; then TestFileText keeps what
-/// it was. The message is the reason alone; CantReadTestFile makes the sentence for the user.
+/// Sets TestFileName and reads the file into TestFileText, TestFileLength and TestFileHash. A path is used as it
+/// stands. Fails when the file can't be read, is no text, or holds more than 32,767 characters; then TestFileText keeps
+/// what it was. The message is the reason alone; CantReadTestFile makes the sentence for the user.
 Result ReadTestFile(TestDocument& test, const QString& path);
 
 /// The text of a file as the reader sees it: without line ends, with CR LF for each "<P>" and "<p>", and without the

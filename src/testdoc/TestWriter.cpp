@@ -3,9 +3,8 @@
 #include "base/LineBreak.h"
 #include "platform/SafeFile.h"
 #include "platform/TextFile.h"
+#include "testdoc/TestInMemoryChecker.h"
 #include "testdoc/TestParser.h"
-
-#include <QLocale>
 
 namespace {
 
@@ -146,13 +145,15 @@ SaveOutcome CannotBeSaved(const QString& path, const QString& reason, const QStr
                 kept};
 }
 
-QString Grouped(int number) { return QLocale(QLocale::English).toString(number); }
+/// The first reasons, in one sentence.
+QString Listed(const QStringList& reasons) {
+    constexpr qsizetype most = 3;
+    const QString more = reasons.size() > most ? QStringLiteral("; and %1 more").arg(reasons.size() - most) : QString();
+    return reasons.mid(0, most).join(QStringLiteral("; ")) + more;
+}
 
 /// Why the file can't be opened as a test; empty when it can.
-QString WhyNotOpened(const QString& path, int length) {
-    if (length > MaxTestFileLength)
-        return QStringLiteral("It is %1 characters too long: it holds %2, and a test has at most %3.")
-            .arg(Grouped(length - MaxTestFileLength), Grouped(length), Grouped(MaxTestFileLength));
+QString WhyNotOpened(const QString& path) {
     try {
         TestDocument again;
         return OpenTest(again, path).Message();
@@ -178,22 +179,20 @@ int LengthWhenRead(const QString& written) {
 
 SaveOutcome SaveTestFile(TestDocument& test) {
     const QString path = test.TestFileName;
+    const QStringList reasons = WhatForbidsSaving(test);
     const WrittenTest written = WriteTest(test);
     const std::optional<QByteArray> bytes = EncodeTestText(written.Text);
-    if (!bytes)
-        return CannotBeSaved(path, QStringLiteral("a text holds half of a character, which no file can keep"),
-                             QStringLiteral("Nothing was written."));
+    if (!reasons.isEmpty() || !bytes)
+        return CannotBeSaved(path, Listed(reasons), QStringLiteral("Nothing was written."));
     test.TestFileText.clear();
-    const WriteOutcome outcome = WriteFileInManner(path, *bytes, {Audience::Everybody, true, written.StopsBecause});
+    const WriteOutcome outcome = WriteFileInManner(path, *bytes, {Audience::Everybody});
     if (!outcome.Written)
         return CannotBeSaved(path, outcome.Reason, outcome.Kept);
 
-    QStringList messages;
-    const QString why = WhyNotOpened(path, LengthWhenRead(written.Text));
-    if (!why.isEmpty())
-        messages.append(QStringLiteral("The test was saved as '") + path +
-                        QStringLiteral("', but it can't be opened again as it is. ") + why);
-    if (!outcome.Kept.isEmpty())
-        messages.append(QStringLiteral("The test was saved as '") + path + QStringLiteral("', but ") + outcome.Kept);
-    return {true, why.isEmpty(), messages.join(u'\n')};
+    const QString why = WhyNotOpened(path);
+    if (why.isEmpty())
+        return {true, true, {}};
+    return {true, false,
+            QStringLiteral("The test was saved as '") + path +
+                QStringLiteral("', but it can't be opened again as it is. ") + why};
 }

@@ -30,9 +30,7 @@ struct SaveOutcome {
     QString Message;
 };
 
-/// Writes the document to the file TestFileName, whose earlier version stays beside it until the new one is complete,
-/// empties TestFileText, and tries whether the file can be opened again. When it can't be written, the message is "Test
-/// Cannot Be Saved: path: reason", and says where the earlier version is; what was written till then stays in the file.
-/// When it can't be opened again, the message says why: by how many characters it is too long, or what the reader
-/// can't understand.
+/// Writes the document to the file TestFileName, empties TestFileText, and tries whether the file can be opened again.
+/// A test that would be read back as another one, or not at all, isn't written: WhatForbidsSaving gives the reasons.
+/// When nothing is written, the message is "Test Cannot Be Saved: path: reason", and the earlier version is what it was.
 SaveOutcome SaveTestFile(TestDocument& test);

@@ -22,31 +22,31 @@ QString WithLineBreaks(const QString& text) {
 ReportDocument::ReportDocument(ReportView& view, Prompts& prompts, FileChooser& dlgEdit)
     : view_(view), prompts_(prompts), dlgEdit_(dlgEdit) {}
 
-void ReportDocument::TextChanged() {
-    changed_ = true;
-    saved_ = false;
-    unwritten_ = true;
-    SetCaption(caption_);
+bool ReportDocument::Unsaved() const { return reportInNoFile_ || view_.ReportText() != keptText_; }
+
+void ReportDocument::TakeAsKept(bool reportInNoFile) {
+    keptText_ = view_.ReportText();
+    reportInNoFile_ = reportInNoFile;
 }
 
-void ReportDocument::Fill(const QString& text, const QString& caption) {
+void ReportDocument::TextChanged() { SetCaption(caption_); }
+
+void ReportDocument::Fill(const QString& text, const QString& caption, TextKind kind) {
     fileName_.clear();
     view_.SetReportText(text);
+    TakeAsKept(kind == TextKind::Report);
     SetCaption(caption);
 }
 
 bool ReportDocument::New() {
-    if (changed_ && !MayReplaceText())
+    if (!MayClose())
         return false;
-    view_.SetReportText({});
-    fileName_.clear();
-    unwritten_ = false;
-    SetCaption(NewReportCaption);
+    Fill({}, NewReportCaption, TextKind::Reading);
     return true;
 }
 
 bool ReportDocument::Open() {
-    if (changed_ && !saved_ && !MayReplaceText())
+    if (!MayClose())
         return false;
     const QString path = dlgEdit_.OpenFile({{}, TextFileFilter, {}, {}});
     if (path.isEmpty())
@@ -56,10 +56,8 @@ bool ReportDocument::Open() {
         ShowFailure(QStringLiteral("Can't read the file '%1': %2").arg(path, read.Message()));
         return false;
     }
-    view_.SetReportText(file.Text);
+    Fill(file.Text, QFileInfo(path).fileName(), TextKind::Reading);
     fileName_ = path;
-    unwritten_ = false;
-    SetCaption(QFileInfo(path).fileName());
     return true;
 }
 
@@ -70,15 +68,13 @@ bool ReportDocument::SaveAs() {
     if (path.isEmpty() || !Write(path))
         return false;
     fileName_ = path;
-    saved_ = true;
-    changed_ = false;
     SetCaption(QFileInfo(path).fileName());
     return true;
 }
 
-bool ReportDocument::MayClose() { return !changed_ || MayReplaceText(); }
-
-bool ReportDocument::MayReplaceText() {
+bool ReportDocument::MayClose() {
+    if (!Unsaved())
+        return true;
     switch (prompts_.Ask({QStringLiteral("Do you Want to Save Changes?"), QStringLiteral("Confirm"),
                           PromptButtons::YesNoCancel, PromptIcon::Question})) {
     case PromptAnswer::Yes:
@@ -96,14 +92,14 @@ bool ReportDocument::Write(const QString& path) {
         ShowFailure(written.Message() + QStringLiteral("\n\nThe text is still in this window."));
         return false;
     }
-    unwritten_ = false;
+    TakeAsKept();
     SetCaption(caption_);
     return true;
 }
 
 void ReportDocument::SetCaption(const QString& caption) {
     caption_ = caption;
-    view_.ShowCaption(caption_, unwritten_);
+    view_.ShowCaption(caption_, Unsaved());
 }
 
 void ReportDocument::ShowFailure(const QString& message) {

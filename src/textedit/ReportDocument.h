@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileChooser.h"
+#include "platform/Navigator.h"
 #include "platform/Prompts.h"
 
 #include <QString>
@@ -20,20 +21,20 @@ class ReportView {
     virtual QString ReportText() const = 0;
     /// Replaces the whole text and tells the document of the change as of any other.
     virtual void SetReportText(const QString& text) = 0;
-    /// unwritten: the text isn't in a file as it stands.
-    virtual void ShowCaption(const QString& caption, bool unwritten) = 0;
+    /// unsaved: something would be lost with the text as it is now.
+    virtual void ShowCaption(const QString& caption, bool unsaved) = 0;
 };
 
 /// The life of the text in one editor window: which file it belongs to, whether it has changed, and the ways to save it
-/// and to leave it. Nothing that could be lost goes without a question.
+/// and to leave it. A question comes before a text goes that would be lost, and only then.
 class ReportDocument {
   public:
     ReportDocument(ReportView& view, Prompts& prompts, FileChooser& dlgEdit);
 
     /// Every change of the text box comes here, those made by this class included.
     void TextChanged();
-    /// Puts in a text that is in no file yet, such as a report.
-    void Fill(const QString& text, const QString& caption);
+    /// Puts in a text that is in no file yet.
+    void Fill(const QString& text, const QString& caption, TextKind kind);
 
     /// These do nothing when the person cancels or a file fails; a failure is shown. Each says whether it was done.
     bool New();
@@ -46,12 +47,12 @@ class ReportDocument {
     /// The file the text was last read from or saved to; empty for a new document.
     const QString& FileName() const { return fileName_; }
     const QString& Caption() const { return caption_; }
-    bool Changed() const { return changed_; }
-    bool Saved() const { return saved_; }
+    /// Whether the text is another than was last saved, opened or put in, or is a report that was never saved.
+    bool Unsaved() const;
 
   private:
-    /// True to go on: saved, or declined.
-    bool MayReplaceText();
+    /// From now on the text as it is counts as kept.
+    void TakeAsKept(bool reportInNoFile = false);
     bool Write(const QString& path);
     void SetCaption(const QString& caption);
     void ShowFailure(const QString& message);
@@ -61,9 +62,8 @@ class ReportDocument {
     FileChooser& dlgEdit_;
     QString fileName_;
     QString caption_ = NewReportCaption;
-    bool saved_ = false;
-    bool changed_ = false;
-    bool unwritten_ = false;
+    QString keptText_;
+    bool reportInNoFile_ = false;
 };
 
 /// The text with carriage return and line feed at each of its line ends, whichever they were.

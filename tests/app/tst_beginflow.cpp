@@ -24,14 +24,13 @@ class tst_beginflow : public QObject {
     void init();
     void Begin_AnyFile_TakesTheWayThatItsContentSays_data();
     void Begin_AnyFile_TakesTheWayThatItsContentSays();
-    void Begin_NamesCancelled_TestWindowStaysClosed();
-    void Begin_TestWindowRefuses_SaysThatItStayedClosed();
-    void BeginWithoutNames_TestAsksForNames_NobodyIsAsked();
+    void Begin_TestActsByItself_AsksUntilAllowed_data();
+    void Begin_TestActsByItself_AsksUntilAllowed();
+    void EnsureWorkingDirectory_Gone_DefaultTakesItsPlace();
     void Begin_AfterAnotherTest_NothingOfItIsLeft();
     void PathOfCommandLine_AnyLine_IsUsedAsItStands_data();
     void PathOfCommandLine_AnyLine_IsUsedAsItStands();
     void LoadSettingsOnce_SecondTime_KeepsWhatWasApplied();
-    void LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples();
 
   private:
     QString Put(const QByteArray& content) {
@@ -41,6 +40,7 @@ class tst_beginflow : public QObject {
     }
 
     std::unique_ptr<QTemporaryDir> folder_;
+    TrustedTests trusted_;
 };
 
 void tst_beginflow::init() { folder_ = std::make_unique<QTemporaryDir>(); }
@@ -59,8 +59,7 @@ void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays_data() {
         << Mood + "[PROMPT TESTER NAME]" << QStringList() << QStringList{names, begin};
     QTest::newRow("no questions") << NoQuestions + "[PROMPT CLIENT NAME]"
                                   << QStringList{QStringLiteral("The test 'Empty' has no questions.")} << QStringList();
-    QTest::newRow("not understood") << NotClosed << QStringList{QStringLiteral("in the file: ")}
-                                    << QStringList{QStringLiteral("EndProgram")};
+    QTest::newRow("not understood") << NotClosed << QStringList{QStringLiteral("in the file: ")} << QStringList();
     QTest::newRow("binary") << QByteArray("\0\1\2", 3) << QStringList{QStringLiteral("Can't read the test file '")}
                             << QStringList();
     QTest::newRow("missing") << QByteArray() << QStringList{QStringLiteral("Can't read the test file '")}
@@ -78,44 +77,61 @@ void tst_beginflow::Begin_AnyFile_TakesTheWayThatItsContentSays() {
         prompts.Expect(message).InPart();
 
     const QString path = content.isEmpty() ? folder_->filePath(QStringLiteral("Nowhere.vlm")) : Put(content);
-    BeginFlow flow(session, navigator, prompts);
+    BeginFlow flow(session, navigator, prompts, trusted_);
     QCOMPARE(flow.Begin(path), messages.isEmpty());
     QCOMPARE(navigator.Calls, calls);
-    QCOMPARE(flow.Ended(), calls.contains(QStringLiteral("EndProgram")));
     for (const QString& shown : prompts.Shown())
         QVERIFY(shown.contains(path) || shown.contains(QStringLiteral("'Empty'")));
 }
 
-void tst_beginflow::Begin_NamesCancelled_TestWindowStaysClosed() {
-    Session session;
-    RecordingNavigator navigator;
-    navigator.AskNamesAnswer = false;
-    ScriptedPrompts prompts;
-    QVERIFY(!BeginFlow(session, navigator, prompts).Begin(Put(Mood + "[PROMPT CLIENT NAME]")));
-    QCOMPARE(navigator.Calls, QStringList{QStringLiteral("AskNames(Commencing 'Mood')")});
+void tst_beginflow::Begin_TestActsByItself_AsksUntilAllowed_data() {
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<bool>("confined");
+    QTest::addColumn<bool>("asksAgain");
+    QTest::newRow("allowed") << "Allow for this test" << false << false;
+    QTest::newRow("once") << "Only this time" << false << true;
+    QTest::newRow("no") << "No" << true << true;
 }
 
-void tst_beginflow::Begin_TestWindowRefuses_SaysThatItStayedClosed() {
+void tst_beginflow::Begin_TestActsByItself_AsksUntilAllowed() {
+    QFETCH(QString, answer);
+    QFETCH(bool, confined);
     Session session;
     RecordingNavigator navigator;
-    navigator.BeginAnswer = false;
     ScriptedPrompts prompts;
-    QVERIFY(!BeginFlow(session, navigator, prompts).Begin(Put(Mood)));
+    TrustedTests trusted;
+    const QString path = Put(Mood + "[PROMPT CLIENT NAME][OPEN REPORT WHEN COMPLETED]");
+    const QString act = QStringLiteral("start the program '");
+    prompts.ExpectChoice(act, answer).InPart().Meanwhile([&] { QVERIFY(navigator.Calls.isEmpty()); });
+    BeginFlow flow(session, navigator, prompts, trusted);
+    QVERIFY(flow.Begin(path));
+    QVERIFY(prompts.Shown().value(0).contains(QDir::toNativeSeparators(path)));
+    QCOMPARE(session.Test.TestOption(OpenReportWhenCompleted), !confined);
+    QFETCH(bool, asksAgain);
+    if (asksAgain)
+        prompts.ExpectChoice(act, answer).InPart();
+    QVERIFY(flow.Begin(path));
+    prompts.ExpectChoice(act, answer).InPart(); // a changed test is another one
+    QVERIFY(flow.Begin(Put(Mood + "[OPEN REPORT WHEN COMPLETED]")));
 }
 
-void tst_beginflow::BeginWithoutNames_TestAsksForNames_NobodyIsAsked() {
-    Session session;
-    RecordingNavigator navigator;
-    ScriptedPrompts prompts;
-    QVERIFY(BeginFlow(session, navigator, prompts).BeginWithoutNames(Put(Mood + "[PROMPT CLIENT NAME]")));
-    QCOMPARE(navigator.Calls, QStringList{QStringLiteral("BeginLoadedTest")});
+void tst_beginflow::EnsureWorkingDirectory_Gone_DefaultTakesItsPlace() {
+    Settings settings;
+    settings.DefaultDirectory = folder_->path();
+    const DefaultFolders folders{{}, folder_->filePath(QStringLiteral("usual"))};
+    QVERIFY(EnsureWorkingDirectory(settings, folders));
+    settings.DefaultDirectory = folder_->filePath(QStringLiteral("gone"));
+    const QString message = EnsureWorkingDirectory(settings, folders).Message();
+    QVERIFY(message.contains(folder_->filePath(QStringLiteral("gone"))) && message.contains(folders.WorkingDirectory));
+    QCOMPARE(settings.DefaultDirectory, folders.WorkingDirectory);
+    QVERIFY(EnsureWorkingDirectory(settings, folders));
 }
 
 void tst_beginflow::Begin_AfterAnotherTest_NothingOfItIsLeft() {
     Session session;
     RecordingNavigator navigator;
     ScriptedPrompts prompts;
-    BeginFlow flow(session, navigator, prompts);
+    BeginFlow flow(session, navigator, prompts, trusted_);
     QVERIFY(flow.Begin(
         Put("[Q]Free[QT]3[/QT][SS=1][/Q][SUBSCALES][S]One[/S][/SUBSCALES][AUTOSAVE FILENAME]x[/AUTOSAVE FILENAME]")));
     QCOMPARE(session.Test.QuestionType(1), int(LongAnswer));
@@ -176,21 +192,6 @@ void tst_beginflow::LoadSettingsOnce_SecondTime_KeepsWhatWasApplied() {
     LoadSettingsOnce(start, session, store, folders);
     QCOMPARE(session.UserSettings.QuestionPrefix, QStringLiteral("Item "));
     QCOMPARE(session.AdministratorName, QStringLiteral("Dr. Field"));
-}
-
-void tst_beginflow::LoadSettingsOnce_FirstRun_FillsTheWorkingDirectoryWithSamples() {
-    QDir(folder_->path()).mkdir(QStringLiteral("samples"));
-    PutBytes(folder_->filePath(QStringLiteral("samples/Mood.vlm")), Mood);
-    const QString documents = folder_->filePath(QStringLiteral("Documents"));
-    Session session;
-    ProgramStart start;
-    start.Known = {folder_->filePath(QStringLiteral("program")), documents,
-                   folder_->filePath(QStringLiteral("samples"))};
-    MemorySettingsStore store;
-    const DefaultFolders folders = ChooseDefaultFolders(start.Known);
-    LoadSettingsOnce(start, session, store, folders);
-    QCOMPARE(QDir::fromNativeSeparators(session.UserSettings.DefaultDirectory), documents + QStringLiteral("/Vellumo"));
-    QCOMPARE(BytesOf(documents + QStringLiteral("/Vellumo/Mood.vlm")), Mood);
 }
 
 QTEST_GUILESS_MAIN(tst_beginflow)

@@ -24,7 +24,7 @@ struct Screen {
         folders = {folder.path(), folder.path()};
         store.Values[QStringLiteral("defaultdirectory")] = folder.path();
         window = std::make_unique<Loading_Test>(
-            StartScreenParts{session, start, store, folders, prompts, chooser, navigator});
+            StartScreenParts{session, start, store, folders, prompts, chooser, navigator, trusted});
     }
     ~Screen() { QDir::setCurrent(QDir::rootPath()); }
 
@@ -45,6 +45,7 @@ struct Screen {
     ScriptedPrompts prompts;
     ScriptedFileChooser chooser;
     RecordingNavigator navigator;
+    TrustedTests trusted;
     std::unique_ptr<Loading_Test> window;
 };
 
@@ -59,19 +60,18 @@ class tst_startscreen : public QObject {
     void Load_TestsInFolder_ListsThemAndSelectsTheFirst();
     void Load_EmptyFolder_ShowsTheExplanation();
     void Load_Always_ShowsTheCaptionsAsTheyStand();
-    void Load_BrokenTitle_EndsTheProgramAfterItsMessage();
+    void Load_BrokenTest_IsListedAndStopsNothing();
+    void Load_Again_KeepsTheSelection_data();
+    void Load_Again_KeepsTheSelection();
     void Select_OtherTitle_ShowsItsParts();
-    void Select_UnreadableFile_TellsWhyAndStays();
     void Select_SameTitles_OpensTheFileAtThatPlace();
     void CmdIntro_EachPart_ShowsItsText();
-    void CmdIntro_QuestionsTwice_ShowsTheSame();
     void Begin_ButtonDoubleClickOrReturn_BeginsAndCloses_data();
     void Begin_ButtonDoubleClickOrReturn_BeginsAndCloses();
     void Begin_NoQuestions_StaysOpenOnTheSelectedTest();
-    void Begin_NamesCancelled_StaysOpen();
     void CommandLine_File_BeginsOnceInARun();
     void CommandLine_UnreadableFile_StaysOpen();
-    void Browse_File_BeginsWithoutNames();
+    void Browse_File_BeginsAfterTheNames();
     void Browse_Cancelled_ChangesNothing();
     void Options_OtherFolder_ListsItsTests();
     void Options_FolderBecomesEmpty_ShowsTheExplanation();
@@ -116,7 +116,7 @@ void tst_startscreen::Load_Always_ShowsTheCaptionsAsTheyStand() {
     screen.Load();
     QCOMPARE(screen.window->windowTitle(), QStringLiteral("Vellumo - Version 1.0"));
     const QMap<QString, QString> captions = {
-        {QStringLiteral("cmdBeginTest"), QStringLiteral("Begin Test")},
+        {QStringLiteral("cmdBeginTest"), QStringLiteral("&Begin Test")},
         {QStringLiteral("CmdEditTest"), QStringLiteral("Edit Test")},
         {QStringLiteral("CmdIntro_0"), QStringLiteral("Test Introduction")},
         {QStringLiteral("CmdIntro_1"), QStringLiteral("Test Instructions")},
@@ -135,11 +135,52 @@ void tst_startscreen::Load_Always_ShowsTheCaptionsAsTheyStand() {
     QCOMPARE(screen.LastCall(), QStringLiteral("ShowHelp(StartScreen)"));
 }
 
-void tst_startscreen::Load_BrokenTitle_EndsTheProgramAfterItsMessage() {
+void tst_startscreen::Load_BrokenTest_IsListedAndStopsNothing() {
     Screen screen({{QStringLiteral("Broken.vlm"), "[TITLE]Mood"}, {QStringLiteral("Quiz.vlm"), Quiz}});
-    screen.prompts.Expect(QStringLiteral(" in the file: Broken.vlm")).InPart();
-    screen.window->Form_Load();
-    QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("EndProgram")});
+    screen.Load();
+    const QString reason = QStringLiteral(" in the file: ");
+    QVERIFY(screen.List().item(0)->text().startsWith(QStringLiteral("Broken.vlm: ")));
+    QVERIFY(Find<QLabel>(*screen.window, QStringLiteral("lblSelectedFile")).text().contains(reason));
+    QVERIFY(!screen.Visible("CmdIntro_2"));
+    for (const char* way : {"cmdBeginTest", "Label3"}) {
+        const QString path = screen.folder.filePath(QStringLiteral("Broken.vlm"));
+        if (way == QByteArray("Label3"))
+            screen.chooser.ExpectOpen(path);
+        screen.prompts.Expect(reason + QDir::toNativeSeparators(path)).InPart();
+        screen.Push(way);
+        QVERIFY(screen.window->isVisible());
+    }
+    QVERIFY(screen.navigator.Calls.isEmpty());
+    Press(screen.List(), Qt::Key_Down);
+    screen.Push("cmdBeginTest");
+    QCOMPARE(screen.LastCall(), QStringLiteral("BeginLoadedTest"));
+}
+
+void tst_startscreen::Load_Again_KeepsTheSelection_data() {
+    QTest::addColumn<QString>("inMemory");
+    QTest::addColumn<QString>("selected");
+    QTest::newRow("a new test was edited") << ""
+                                           << "Quiz";
+    QTest::newRow("that test was taken") << "Quiz.vlm"
+                                         << "Quiz";
+    QTest::newRow("another one was edited") << "HERE/Mood.vlm"
+                                            << "Mood";
+    QTest::newRow("one of another folder was taken") << "/elsewhere/Mood.vlm"
+                                                     << "Quiz";
+}
+
+void tst_startscreen::Load_Again_KeepsTheSelection() {
+    QFETCH(QString, inMemory);
+    Screen screen(Both);
+    screen.Load();
+    screen.List().setCurrentRow(1);
+    screen.Push("Label5");
+    QCOMPARE(screen.List().currentItem()->text(), QStringLiteral("Quiz"));
+    screen.session.Test.TestFileName = inMemory.replace(QStringLiteral("HERE"), QDir::currentPath());
+    Loading_Test again({screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser,
+                        screen.navigator, screen.trusted});
+    again.Form_Load();
+    QTEST(Find<QListWidget>(again, QStringLiteral("Listselect")).currentItem()->text(), "selected");
 }
 
 void tst_startscreen::Select_OtherTitle_ShowsItsParts() {
@@ -151,20 +192,6 @@ void tst_startscreen::Select_OtherTitle_ShowsItsParts() {
     QVERIFY(!screen.Visible("CmdIntro_1"));
     QVERIFY(screen.Visible("CmdIntro_2"));
     QCOMPARE(Find<QLabel>(*screen.window, QStringLiteral("lblSelectedTitle")).text(), QStringLiteral("Quiz"));
-}
-
-void tst_startscreen::Select_UnreadableFile_TellsWhyAndStays() {
-    Screen screen({{QStringLiteral("Binary.vlm"), QByteArray("\0\1", 2)}, {QStringLiteral("Quiz.vlm"), Quiz}});
-    screen.Load();
-    QVERIFY(screen.List().item(0)->text().startsWith(QStringLiteral("Binary.vlm: ")));
-    QVERIFY(Find<QLabel>(*screen.window, QStringLiteral("lblSelectedFile"))
-                .text()
-                .startsWith(QStringLiteral("Can't read the test file 'Binary.vlm': ")));
-    QVERIFY(!screen.Visible("CmdIntro_2"));
-    screen.prompts.Expect(QStringLiteral("Can't read the test file 'Binary.vlm': ")).InPart();
-    screen.Push("cmdBeginTest");
-    QVERIFY(screen.window->isVisible());
-    QVERIFY(screen.navigator.Calls.isEmpty());
 }
 
 void tst_startscreen::Select_SameTitles_OpensTheFileAtThatPlace() {
@@ -187,18 +214,6 @@ void tst_startscreen::CmdIntro_EachPart_ShowsItsText() {
     QCOMPARE(screen.navigator.ShownTexts,
              QStringList({QStringLiteral("Hello"), QStringLiteral("Choose"),
                           QStringLiteral("INSTRUCTIONS\r\nChoose\r\nQUESTION 1\r\nHow are you?\r\n[ ] Well\r\n\r\n")}));
-}
-
-void tst_startscreen::CmdIntro_QuestionsTwice_ShowsTheSame() {
-    QByteArray scales = "[SUBSCALES]";
-    for (int s = 0; s < 30; ++s)
-        scales += "[S]Scale[/S]";
-    Screen screen({{QStringLiteral("Mood.vlm"), Mood + scales + "[/SUBSCALES]"}});
-    screen.Load();
-    screen.Push("CmdIntro_2");
-    screen.Push("CmdIntro_2");
-    QCOMPARE(screen.navigator.ShownTexts.size(), 2);
-    QCOMPARE(screen.navigator.ShownTexts[1], screen.navigator.ShownTexts[0]);
 }
 
 void tst_startscreen::Begin_ButtonDoubleClickOrReturn_BeginsAndCloses_data() {
@@ -239,15 +254,6 @@ void tst_startscreen::Begin_NoQuestions_StaysOpenOnTheSelectedTest() {
     QCOMPARE(screen.navigator.ShownTexts, QStringList{QStringLiteral("Hello")});
 }
 
-void tst_startscreen::Begin_NamesCancelled_StaysOpen() {
-    Screen screen({{QStringLiteral("Mood.vlm"), Mood + "[PROMPT CLIENT NAME]"}});
-    screen.navigator.AskNamesAnswer = false;
-    screen.Load();
-    screen.Push("cmdBeginTest");
-    QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("AskNames(Commencing 'Mood')")});
-    QVERIFY(screen.window->isVisible());
-}
-
 void tst_startscreen::CommandLine_File_BeginsOnceInARun() {
     Screen screen(Both);
     screen.start.CommandLinePath = screen.folder.filePath(QStringLiteral("Quiz.vlm"));
@@ -256,8 +262,8 @@ void tst_startscreen::CommandLine_File_BeginsOnceInARun() {
     QCOMPARE(screen.session.Test.TestTitle, QStringLiteral("Quiz"));
     QVERIFY(screen.start.StartedFromCommandLine);
 
-    Loading_Test again(
-        {screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser, screen.navigator});
+    Loading_Test again({screen.session, screen.start, screen.store, screen.folders, screen.prompts, screen.chooser,
+                        screen.navigator, screen.trusted});
     again.Form_Load();
     QVERIFY(!again.BeginFromCommandLine());
     QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("BeginLoadedTest")});
@@ -273,7 +279,7 @@ void tst_startscreen::CommandLine_UnreadableFile_StaysOpen() {
     QVERIFY(screen.navigator.Calls.isEmpty());
 }
 
-void tst_startscreen::Browse_File_BeginsWithoutNames() {
+void tst_startscreen::Browse_File_BeginsAfterTheNames() {
     Screen screen(Both);
     QTemporaryDir elsewhere;
     const QString path = elsewhere.filePath(QStringLiteral("Far.vlm"));
@@ -283,7 +289,8 @@ void tst_startscreen::Browse_File_BeginsWithoutNames() {
     screen.Push("Label3");
     QCOMPARE(screen.chooser.Questions().value(0).Filter,
              QStringLiteral("Test Files (*.vlm)|*.vlm| All Files (*.*)|*.*"));
-    QCOMPARE(screen.navigator.Calls, QStringList{QStringLiteral("BeginLoadedTest")});
+    QCOMPARE(screen.navigator.Calls,
+             QStringList({QStringLiteral("AskNames(Commencing 'Mood')"), QStringLiteral("BeginLoadedTest")}));
     QCOMPARE(screen.session.Test.TestFileName, path);
     QCOMPARE(QDir(QDir::currentPath()).canonicalPath(), QDir(screen.folder.path()).canonicalPath());
     QVERIFY(!screen.window->isVisible());

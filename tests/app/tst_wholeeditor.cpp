@@ -88,14 +88,6 @@ void Author::WriteAll() {
     ClickOn(u"CmdQuestNav_5"_s);
     AddAnswer(u"Cold"_s, u"0"_s);
     AddQuestion(u"What did you eat?"_s, 2, 0);
-    // It has taken the sub-scale of the one before; that one gets it back.
-    ClickOn(u"CmdQuestNav_0"_s);
-    auto& list = Find<QComboBox>(Editor(), u"QuestionSS"_s);
-    QCOMPARE(list.currentText(), u"<None>"_s);
-    list.setFocus();
-    Press(list, Qt::Key_End);
-    ClickOn(u"CmdQuestion_2"_s);
-    ClickOn(u"CmdQuestNav_4"_s); // a new one, so that nobody's sub-scale is taken
     AddQuestion(u"Anything else?"_s, 3, 0);
     NextPage(); // Analysis
     AddTotalRange(u"-1"_s, u"6"_s, u"A short night ahead"_s);

@@ -1,4 +1,4 @@
-#include "cli/JsonWriter.h"
+#include "base/JsonWriter.h"
 #include "cli/Tool.h"
 #include "support/Files.h"
 #include "taker/ResponsesFile.h"
@@ -235,6 +235,14 @@ class tst_cli : public QObject {
         QVERIFY(ran.Err.startsWith("Test Cannot Be Saved: " + QDir::toNativeSeparators(out).toUtf8()));
     }
 
+    void Save_WouldBeAnotherTest_IsOneAndNothingWritten() {
+        const QString out = folder_.filePath(QStringLiteral("another.vlm"));
+        const Ran ran = Run({QStringLiteral("save"), TestFile("b.vlm", "[TITLE]Is [Q] there?[/TITLE][Q]a[/Q]"), out});
+        QCOMPARE(ran.Status, 1);
+        QVERIFY2(ran.Err.contains("title: the text contains [Q], which"), ran.Err.constData());
+        QVERIFY(!QFile::exists(out));
+    }
+
     void Check_FilesAndFolder_OneLineEach() {
         const Ran good = Run({QStringLiteral("check"), test_});
         QCOMPARE(good.Status, 0);
@@ -257,6 +265,11 @@ class tst_cli : public QObject {
         QVERIFY(lines[0].startsWith((inFolder + QStringLiteral("a.vlm: error: ")).toUtf8()));
         QVERIFY(
             lines[1].startsWith((inFolder + QStringLiteral("b.VLM: error: I can't find the [/TITLE]tag")).toUtf8()));
+
+        const QString asks = folder.filePath(QStringLiteral("asks.vlm"));
+        PutBytes(asks, "[Q]one[A]x[v=1][/A][/Q][REPORT DIR]/a/b[/REPORT DIR]");
+        QVERIFY(Run({QStringLiteral("check"), asks})
+                    .Out.contains(asks.toUtf8() + ": warning: Vellumo asks whether the test may write reports into"));
     }
 
     void Score_GoodRows_PrintsScores() {

@@ -107,7 +107,6 @@ class tst_optiontabs : public QObject {
     void Directory_Asked_TakesTheAnswer_data();
     void Directory_Asked_TakesTheAnswer();
     void ExportHtml_Clicked_IsWanted();
-    void GoTo_Any_PutsTheFocusOnThePage();
     void Options_Width_DecidesThePairs_data();
     void Options_Width_DecidesThePairs();
     void Checks_WithoutPages_GoAway();
@@ -347,15 +346,6 @@ void tst_optiontabs::ExportHtml_Clicked_IsWanted() {
     button.click();
     QCOMPARE(wanted.count(), 1);
     QCOMPARE(pages.Changes(), QList<qsizetype>({0, 0, 0, 0}));
-}
-
-void tst_optiontabs::GoTo_Any_PutsTheFocusOnThePage() {
-    Pages pages;
-    pages.Open();
-    for (EditorTab* page : pages.pages) {
-        page->GoTo({});
-        QVERIFY(page->isAncestorOf(pages.window->focusWidget()));
-    }
 }
 
 void tst_optiontabs::Options_Width_DecidesThePairs_data() {

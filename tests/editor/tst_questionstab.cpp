@@ -179,7 +179,7 @@ class tst_questionstab : public QObject {
         page.ClickOn(AddQuestionButton);
         QCOMPARE(page.test.QuestionText(6), u"Six"_s);
         QCOMPARE(page.test.QuestionType(6), int(LongAnswer));
-        QCOMPARE(page.test.QuestionSubscale(5), 0);
+        QCOMPARE(page.test.QuestionSubscale(5), 2);
         QCOMPARE(page.test.QuestionSubscale(6), 2);
         QCOMPARE(page.AnswerTitle(), u"Answer - Long Answer"_s);
     }
@@ -413,7 +413,7 @@ class tst_questionstab : public QObject {
         QCOMPARE(list.itemText(0) + list.itemText(1), u"<None>Peace"_s);
         page.page.RefreshFromTest();
         QCOMPARE(list.itemText(0), u"<none>"_s);
-        QCOMPARE(page.page.CurrentQuestion(), 1);
+        QCOMPARE(page.page.CurrentQuestion(), 4);
     }
 
     void GoTo_Places_ShownWithFocus() {

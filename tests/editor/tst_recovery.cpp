@@ -52,12 +52,16 @@ TestDocument Filled() {
 
 /// All dialogs and the window; something may happen while a dialog is up.
 struct Outside : Prompts, FileChooser, EditorView {
-    PromptAnswer Ask(const Prompt&) override {
-        Meanwhile();
-        return PromptAnswer::Ok;
+    PromptAnswer Ask(const Prompt& prompt) override {
+        if (Meanwhile)
+            Meanwhile();
+        Asked.append(prompt.Text);
+        return prompt.Buttons == PromptButtons::YesNoCancel ? PromptAnswer::Yes : PromptAnswer::Ok;
     }
+    int Choose(const ChoicePrompt& prompt) override { return prompt.Escape; }
     QString OpenFile(const FileQuestion&) override {
-        Meanwhile();
+        if (Meanwhile)
+            Meanwhile();
         return Answer;
     }
     QString SaveFile(const FileQuestion&) override { return {}; }
@@ -66,8 +70,12 @@ struct Outside : Prompts, FileChooser, EditorView {
     void ShowHome() override {}
     void ShowTitle(const QString&) override {}
     void ShowSaveState(const QString&) override {}
+    bool Settle() override { return true; }
+    TypedEntries Typed() override { return {}; }
+    void ShowTyped(const TypedEntries&) override {}
 
     QString Answer;
+    QStringList Asked;
     std::function<void()> Meanwhile;
 };
 
@@ -79,15 +87,217 @@ class tst_recovery : public QObject {
   private Q_SLOTS:
     void init() { folder_ = std::make_unique<QTemporaryDir>(); }
 
-    void Left_ProgramEndedWithChanges_ToTheLetter();
-    void Left_SavedDroppedOrUndone_Nothing();
-    void Left_ProgramStillRuns_Nothing();
-    void Left_SeveralTests_OldestFirst();
-    void Left_KilledWhileWriting_CopyBefore();
-    void Drop_AfterAKill_LeavesNothing();
-    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data();
-    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne();
-    void Keep_FolderCannotBeMade_Told();
+    void Left_ProgramEndedWithChanges_ToTheLetter() {
+        const TestDocument changed = Filled();
+        {
+            Recovery run = Run();
+            run.Begin(Titled(u"In its file"_s));
+            QVERIFY(run.Keep(Titled(u"On the way"_s)).Ok());
+            QVERIFY(run.Keep(changed).Ok());
+        }
+        Recovery next = Run();
+        const auto left = next.Left();
+        QVERIFY(left);
+        QCOMPARE(WriteTest(left->Test).Text, WriteTest(changed).Text);
+        QCOMPARE(left->Test.TestFileName, changed.TestFileName);
+        QCOMPARE(left->KeptAt.time(), QTime(14, 5));
+
+        // Going on with it keeps it until it is saved.
+        QVERIFY(next.GoOnWith(*left));
+        QVERIFY(!Run().GoOnWith(*left)); // one program at a time
+        QVERIFY(next.Keep(left->Test).Ok());
+        QVERIFY(!Run().Left());
+        next.Drop(left->Test);
+        QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)), QStringList());
+    }
+
+    void Left_SavedDroppedOrUndone_Nothing() {
+        {
+            Recovery run = Run();
+            run.Begin(Titled(u"In its file"_s));
+            QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+            QVERIFY(run.Keep(Titled(u"In its file"_s)).Ok());
+        }
+        QVERIFY(!Run().Left());
+        {
+            Recovery run = Run();
+            run.Begin(Titled(u"In its file"_s));
+            QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+            run.Drop(Titled(u"Changed"_s));
+            QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+        }
+        QVERIFY(!Run().Left());
+        {
+            Recovery run = Run();
+            run.Begin(Titled(u"In its file"_s));
+            QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+        }
+        const auto left = Run().Left();
+        QVERIFY(left);
+        Run().Discard(*left);
+        QVERIFY(!Run().Left());
+    }
+
+    void Left_ProgramStillRuns_Nothing() {
+        Recovery run = Run();
+        run.Begin(Titled(u"In its file"_s));
+        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
+        QVERIFY(!Run().Left());
+        // Nor is the copy of a test that was left unsaved in this run offered while it goes on with another.
+        run.Begin(Titled(u"Another"_s));
+        QVERIFY(run.Keep(Titled(u"Another, changed"_s)).Ok());
+        QVERIFY(!Run().Left());
+        QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)).size(), 2);
+    }
+
+    void Left_SeveralTests_OldestFirst() {
+        for (const int hour : {15, 9, 12}) {
+            Recovery run = Run(QTime(hour, 0));
+            run.Begin(Titled({}));
+            QVERIFY(run.Keep(Titled(u"At %1"_s.arg(hour))).Ok());
+        }
+        QStringList titles;
+        while (const auto left = Run().Left()) {
+            titles.append(left->Test.TestTitle);
+            Run().Discard(*left);
+        }
+        QCOMPARE(titles, (QStringList{u"At 9"_s, u"At 12"_s, u"At 15"_s}));
+    }
+
+    void Left_KilledWhileWriting_CopyBefore() {
+        {
+            Recovery run = Run();
+            run.Begin(Titled({}));
+            QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
+        }
+        const QString path = folder_->filePath(u"test-1.recovery"_s);
+        const QByteArray whole = BytesOf(path);
+        for (qsizetype length = 0; length < whole.size(); length += 1 + length / 3) {
+            // The lock of a program that was ended may hold anything, and locks nothing.
+            PutBytes(path + u".lock"_s, whole.first(length));
+            PutBytes(path, whole.first(length));
+            QFile::remove(path + u".earlier"_s);
+            QVERIFY(!Run().Left());
+            PutBytes(path + u".earlier"_s, whole);
+            const auto left = Run().Left();
+            QVERIFY(left && left->Test.TestTitle == u"Kept"_s);
+        }
+        Run().Discard(*Run().Left());
+        QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
+    }
+
+    void Drop_AfterAKill_LeavesNothing() {
+        {
+            Recovery run = Run();
+            run.Begin(Titled({}));
+            QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
+        }
+        const QString path = folder_->filePath(u"test-1.recovery"_s);
+        PutBytes(path + u".earlier"_s, BytesOf(path));
+        PutBytes(path, "half");
+        Recovery next = Run();
+        const auto left = next.Left();
+        QVERIFY(left);
+        next.GoOnWith(*left);
+        QVERIFY(next.Keep(Titled(u"Changed"_s)).Ok());
+        next.Drop(Titled(u"Changed"_s));
+        QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
+    }
+
+    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data() {
+        QTest::addColumn<QString>("by");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("replaced");
+        QTest::newRow("New") << u"New"_s << QString() << true;
+        QTest::newRow("Open, cancelled") << u"Open"_s << QString() << false;
+        QTest::newRow("Open, a test") << u"Open"_s << u"other.vlm"_s << true;
+        QTest::newRow("Open, no file") << u"Open"_s << u"none.vlm"_s << false;
+        QTest::newRow("Open, a broken test") << u"Open"_s << u"broken.vlm"_s << false;
+        QTest::newRow("file list, a broken test") << u"List"_s << u"broken.vlm"_s << false;
+    }
+
+    // While a dialog is open the pause of the copy may end.
+    void ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne() {
+        QFETCH(const QString, by);
+        QFETCH(const QString, file);
+        QFETCH(const bool, replaced);
+        const QTemporaryDir tests;
+        QDir::setCurrent(tests.path());
+        PutBytes(tests.filePath(u"other.vlm"_s), "[TITLE]Other[/TITLE]");
+        PutBytes(tests.filePath(u"broken.vlm"_s), "[TITLE]Broken[/TITLE][Q]");
+        {
+            Outside outside;
+            outside.Answer = file.isEmpty() ? file : tests.filePath(file);
+            Recovery run = Run();
+            TestDocument test = Titled(u"In its file"_s);
+            Settings settings;
+            settings.DefaultDirectory = tests.path();
+            RecordingNavigator navigator;
+            EditorFile editor({test, settings, outside, outside, navigator, run}, outside);
+            run.Begin(test);
+            test.TestTitle = u"Changed"_s;
+            outside.Meanwhile = [&] { editor.KeepCopy(); };
+            if (by == u"Open"_s) {
+                editor.Open();
+            } else if (by == u"New"_s) {
+                editor.New();
+            } else {
+                editor.ListFilesAgain();
+                editor.OpenListed(1);
+            }
+            test.TestTitle = u"Next"_s;
+            editor.KeepCopy();
+        }
+        QDir::setCurrent(QDir::rootPath());
+        const auto left = Run().Left();
+        QVERIFY(left);
+        QCOMPARE(left->Test.TestTitle, replaced ? u"Changed"_s : u"Next"_s);
+        Run().Discard(*left);
+        const auto next = Run().Left();
+        QCOMPARE(next.has_value(), replaced);
+        if (replaced)
+            QCOMPARE(next->Test.TestTitle, u"Next"_s);
+    }
+
+    void Keep_FolderCannotBeMade_Told() {
+        const QString file = folder_->filePath(u"a file"_s);
+        PutBytes(file, "x");
+        const FixedClock now{QDateTime()};
+        Recovery run(file + u"/below"_s, now);
+        run.Begin(Titled({}));
+        const Result kept = run.Keep(Titled(u"Changed"_s));
+        QVERIFY(!kept.Ok());
+        QVERIFY(kept.Message().contains(file));
+    }
+
+    void Load_EarlierVersionBesideBadFile_OfferedAndUsed_data() {
+        QTest::addColumn<QByteArray>("inFile");
+        QTest::addColumn<QString>("why");
+        QTest::newRow("empty") << QByteArray() << u"it is empty\n\nAn earlier version of it, of "_s;
+        QTest::newRow("cut off") << QByteArray("[TITLE]Mo[/TITLE][Q]") << u"I can't find the [/Q]"_s;
+        QTest::newRow("no text") << QByteArray("\0\0", 2) << u"it isn't a text file"_s;
+        QTest::newRow("a test") << QByteArray("[TITLE]Mood[/TITLE]") << QString();
+    }
+
+    void Load_EarlierVersionBesideBadFile_OfferedAndUsed() {
+        QFETCH(const QByteArray, inFile);
+        QFETCH(const QString, why);
+        const QString path = folder_->filePath(u"mood.vlm"_s);
+        PutBytes(path, inFile);
+        PutBytes(path + u".earlier"_s, "[TITLE]Mood[/TITLE]");
+        Outside outside;
+        Recovery run = Run();
+        TestDocument test;
+        test.TestFileName = path;
+        const Settings settings;
+        RecordingNavigator navigator;
+        EditorFile editor({test, settings, outside, outside, navigator, run}, outside);
+        QVERIFY(editor.Load());
+        QCOMPARE(test.TestTitle, u"Mood"_s);
+        QCOMPARE(outside.Asked.size(), why.isEmpty() ? 0 : 1);
+        QVERIFY(outside.Asked.value(0).contains(why));
+        QCOMPARE(QFile::exists(path + u".damaged"_s), !why.isEmpty() && !inFile.isEmpty());
+    }
 
   private:
     QStringList Files() const { return QDir(folder_->path()).entryList({u"*.recovery*"_s}, QDir::Files); }
@@ -99,186 +309,6 @@ class tst_recovery : public QObject {
     std::unique_ptr<QTemporaryDir> folder_;
     std::vector<std::unique_ptr<FixedClock>> times_;
 };
-
-void tst_recovery::Left_ProgramEndedWithChanges_ToTheLetter() {
-    const TestDocument changed = Filled();
-    {
-        Recovery run = Run();
-        run.Begin(Titled(u"In its file"_s));
-        QVERIFY(run.Keep(Titled(u"On the way"_s)).Ok());
-        QVERIFY(run.Keep(changed).Ok());
-    }
-    Recovery next = Run();
-    const auto left = next.Left();
-    QVERIFY(left);
-    QCOMPARE(WriteTest(left->Test).Text, WriteTest(changed).Text);
-    QCOMPARE(left->Test.TestFileName, changed.TestFileName);
-    QCOMPARE(left->KeptAt.time(), QTime(14, 5));
-
-    // Going on with it keeps it until it is saved.
-    QVERIFY(next.GoOnWith(*left));
-    QVERIFY(!Run().GoOnWith(*left)); // one program at a time
-    QVERIFY(next.Keep(left->Test).Ok());
-    QVERIFY(!Run().Left());
-    next.Drop(left->Test);
-    QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)), QStringList());
-}
-
-void tst_recovery::Left_SavedDroppedOrUndone_Nothing() {
-    {
-        Recovery run = Run();
-        run.Begin(Titled(u"In its file"_s));
-        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
-        QVERIFY(run.Keep(Titled(u"In its file"_s)).Ok());
-    }
-    QVERIFY(!Run().Left());
-    {
-        Recovery run = Run();
-        run.Begin(Titled(u"In its file"_s));
-        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
-        run.Drop(Titled(u"Changed"_s));
-        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
-    }
-    QVERIFY(!Run().Left());
-    {
-        Recovery run = Run();
-        run.Begin(Titled(u"In its file"_s));
-        QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
-    }
-    const auto left = Run().Left();
-    QVERIFY(left);
-    Run().Discard(*left);
-    QVERIFY(!Run().Left());
-}
-
-void tst_recovery::Left_ProgramStillRuns_Nothing() {
-    Recovery run = Run();
-    run.Begin(Titled(u"In its file"_s));
-    QVERIFY(run.Keep(Titled(u"Changed"_s)).Ok());
-    QVERIFY(!Run().Left());
-    // Nor is the copy of a test that was left unsaved in this run offered while it goes on with another.
-    run.Begin(Titled(u"Another"_s));
-    QVERIFY(run.Keep(Titled(u"Another, changed"_s)).Ok());
-    QVERIFY(!Run().Left());
-    QCOMPARE(Files().filter(QRegularExpression(u"recovery$"_s)).size(), 2);
-}
-
-void tst_recovery::Left_SeveralTests_OldestFirst() {
-    for (const int hour : {15, 9, 12}) {
-        Recovery run = Run(QTime(hour, 0));
-        run.Begin(Titled({}));
-        QVERIFY(run.Keep(Titled(u"At %1"_s.arg(hour))).Ok());
-    }
-    QStringList titles;
-    while (const auto left = Run().Left()) {
-        titles.append(left->Test.TestTitle);
-        Run().Discard(*left);
-    }
-    QCOMPARE(titles, (QStringList{u"At 9"_s, u"At 12"_s, u"At 15"_s}));
-}
-
-void tst_recovery::Left_KilledWhileWriting_CopyBefore() {
-    {
-        Recovery run = Run();
-        run.Begin(Titled({}));
-        QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
-    }
-    const QString path = folder_->filePath(u"test-1.recovery"_s);
-    const QByteArray whole = BytesOf(path);
-    for (qsizetype length = 0; length < whole.size(); length += 1 + length / 3) {
-        PutBytes(path, whole.first(length));
-        QFile::remove(path + u".earlier"_s);
-        QVERIFY(!Run().Left());
-        PutBytes(path + u".earlier"_s, whole);
-        const auto left = Run().Left();
-        QVERIFY(left && left->Test.TestTitle == u"Kept"_s);
-    }
-    Run().Discard(*Run().Left());
-    QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
-}
-
-void tst_recovery::Drop_AfterAKill_LeavesNothing() {
-    {
-        Recovery run = Run();
-        run.Begin(Titled({}));
-        QVERIFY(run.Keep(Titled(u"Kept"_s)).Ok());
-    }
-    const QString path = folder_->filePath(u"test-1.recovery"_s);
-    PutBytes(path + u".earlier"_s, BytesOf(path));
-    PutBytes(path, "half");
-    Recovery next = Run();
-    const auto left = next.Left();
-    QVERIFY(left);
-    next.GoOnWith(*left);
-    QVERIFY(next.Keep(Titled(u"Changed"_s)).Ok());
-    next.Drop(Titled(u"Changed"_s));
-    QVERIFY(Files().filter(QRegularExpression(u"recovery(.earlier)?$"_s)).isEmpty());
-}
-
-void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne_data() {
-    QTest::addColumn<QString>("by");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("New") << u"New"_s << QString();
-    QTest::newRow("Open, cancelled") << u"Open"_s << QString();
-    QTest::newRow("Open, a test") << u"Open"_s << u"other.vlm"_s;
-    QTest::newRow("Open, no file") << u"Open"_s << u"none.vlm"_s;
-    QTest::newRow("Open, a broken test") << u"Open"_s << u"broken.vlm"_s;
-    QTest::newRow("file list, a broken test") << u"List"_s << u"broken.vlm"_s;
-}
-
-// While a dialog is open the pause of the copy may end.
-void tst_recovery::ReplaceTest_DialogStaysOpen_CopyOfTheEarlierOne() {
-    QFETCH(const QString, by);
-    QFETCH(const QString, file);
-    const QTemporaryDir tests;
-    QDir::setCurrent(tests.path());
-    PutBytes(tests.filePath(u"other.vlm"_s), "[TITLE]Other[/TITLE]");
-    PutBytes(tests.filePath(u"broken.vlm"_s), "[TITLE]Broken[/TITLE][Q]");
-    {
-        Outside outside;
-        outside.Answer = file.isEmpty() ? file : tests.filePath(file);
-        Recovery run = Run();
-        TestDocument test = Titled(u"In its file"_s);
-        Settings settings;
-        settings.DefaultDirectory = tests.path();
-        RecordingNavigator navigator;
-        EditorFile editor({test, settings, outside, outside, navigator, run}, outside);
-        run.Begin(test);
-        test.TestTitle = u"Changed"_s;
-        outside.Meanwhile = [&] { editor.KeepCopy(); };
-        if (by == u"Open"_s) {
-            editor.Open();
-        } else if (by == u"New"_s) {
-            editor.New();
-        } else {
-            editor.ListFilesAgain();
-            editor.OpenListed(1);
-        }
-        test.TestTitle = u"Next"_s;
-        editor.KeepCopy();
-    }
-    QDir::setCurrent(QDir::rootPath());
-    const auto left = Run().Left();
-    QVERIFY(left);
-    QCOMPARE(left->Test.TestTitle, u"Changed"_s);
-    Run().Discard(*left);
-    const auto next = Run().Left();
-    QVERIFY(next);
-    QCOMPARE(next->Test.TestTitle, u"Next"_s);
-    Run().Discard(*next);
-    QVERIFY(!Run().Left());
-}
-
-void tst_recovery::Keep_FolderCannotBeMade_Told() {
-    const QString file = folder_->filePath(u"a file"_s);
-    PutBytes(file, "x");
-    const FixedClock now{QDateTime()};
-    Recovery run(file + u"/below"_s, now);
-    run.Begin(Titled({}));
-    const Result kept = run.Keep(Titled(u"Changed"_s));
-    QVERIFY(!kept.Ok());
-    QVERIFY(kept.Message().contains(file));
-}
 
 QTEST_GUILESS_MAIN(tst_recovery)
 #include "tst_recovery.moc"

@@ -1,4 +1,6 @@
 #include "export/ui/DialogHTML.h"
+#include "platform/ui/LanguageBox.h"
+#include "platform/ui/QtPrompts.h"
 #include "support/Files.h"
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingLauncher.h"
@@ -11,17 +13,20 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
 
-const QByteArray Page = "<html><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'>to "
+const QByteArray Page = "<html lang=\"en\"><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'>to "
                         "me@example.com<p align='center'>Test Created By <a "
                         "href='https://www.example.com/vellumo'>Vellumo</a>.</p></body></html>\r\n";
-const QByteArray EmptyPage = "<html><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'><p "
-                             "align='center'>Test Created By <a "
-                             "href='https://www.example.com/vellumo'>Vellumo</a>.</p></body></html>\r\n";
+const QByteArray EmptyPage =
+    "<html lang=\"en\"><head><title>Mood</title></head><body bgcolor='#FFFFFF' text='#000080'><p "
+    "align='center'>Test Created By <a "
+    "href='https://www.example.com/vellumo'>Vellumo</a>.</p></body></html>\r\n";
 
 struct Export {
     Export() {
@@ -31,6 +36,7 @@ struct Export {
         session.HtmlTemplatePath = Path("T.vlx");
         session.HtmlEmailAddress = QStringLiteral("me@example.com");
         session.HtmlNextPage = QStringLiteral("next.html");
+        session.HtmlLanguage = QStringLiteral("en");
         PutBytes(Path("T.vlx"), "[DESCRIPTION]Two\nlines[/DESCRIPTION][HEADER]to [EMAIL][/HEADER]");
         PutBytes(Path("Host.html"), "<body>\nhost</BODY>x</body>");
     }
@@ -91,19 +97,24 @@ class tst_dialoghtml : public QObject {
             texts.append(label->text());
         for (const auto* button : dialog.window->findChildren<QAbstractButton*>())
             texts.append(button->text());
-        for (const char* text :
-             {"Using HTML Template File", "Template File", "Description", "Required by CGI scripts", "E-mail Address",
-              "Next Page", "File name:", "Insert html into this file:", "Insert", "Before", "After", "Text:", "Cancel"})
+        for (const char* text : {"Page Language", "Using HTML Template File", "Template File", "Description",
+                                 "Required by CGI scripts", "E-mail Address", "Next Page", "File name:",
+                                 "Insert html into this file:", "Insert", "Before", "After", "Text:", "Cancel"})
             QVERIFY2(texts.contains(QLatin1String(text)), text);
         GrabToPng(*dialog.window, QStringLiteral("dialog-html"));
     }
 
     void Boxes_Changed_HoldForTheRun() {
         Export dialog;
+        dialog.session.HtmlLanguage = QStringLiteral("sr-Latn-RS");
         dialog.Open();
         dialog.Box("txteditor").setText(QStringLiteral("other.vlx"));
         dialog.Box("txtEmail").setText(QStringLiteral("you@example.com"));
         dialog.Box("txtNextPage").setText(QStringLiteral("there"));
+        auto& language = Find<LanguageBox>(*dialog.window, QStringLiteral("cboLanguage"));
+        QCOMPARE(language.Language(), QStringLiteral("sr-Latn-RS"));
+        language.setCurrentIndex(language.findText(QStringLiteral("German"), Qt::MatchStartsWith));
+        QCOMPARE(dialog.session.HtmlLanguage, QStringLiteral("de"));
         Click(*dialog.window, QStringLiteral("CancelButton"));
         QVERIFY(!dialog.window->isVisible());
         QCOMPARE(dialog.session.HtmlTemplatePath, QStringLiteral("other.vlx"));
@@ -130,7 +141,8 @@ class tst_dialoghtml : public QObject {
             PutBytes(dialog.Path("New.vlx"), content);
         dialog.Open();
         if (content == "[DESCRIPTION]")
-            dialog.prompts.Expect(QStringLiteral("I can't find the [/DESCRIPTION]tag in the file: /tests/Mood.vlm"));
+            dialog.prompts.Expect(QStringLiteral("I can't find the [/DESCRIPTION]tag in the file: ") +
+                                  dialog.Path("New.vlx"));
         dialog.Box("txteditor").setFocus();
         dialog.Box("txteditor").setText(dialog.Path("New.vlx"));
         QCOMPARE(dialog.Description(), QStringLiteral("Two\nlines"));
@@ -174,36 +186,80 @@ class tst_dialoghtml : public QObject {
             index == 0 ? dialog.chooser.ExpectSave(path) : dialog.chooser.ExpectOpen(path);
         };
         expect({});
-        expect(dialog.Path("a/x.html"));
+        expect(dialog.Path("b/x.html"));
+        Settings& settings = dialog.session.UserSettings;
+        settings.HtmlDirectory = settings.TempHtmlDirectory = dialog.Path("a");
         const QString button = QStringLiteral("Command1_%1").arg(index);
         const char* box = index == 0 ? "Text1" : "Text2";
         Click(*dialog.window, button);
         QCOMPARE(dialog.Box(box).text(), QString());
-        QVERIFY(dialog.store.WrittenKeys.isEmpty());
+        // The dialog opened there, and it was the current folder when it was closed.
+        QCOMPARE(QDir(dialog.store.Values.value(key)).canonicalPath(), QDir(dialog.Path("a")).canonicalPath());
         Click(*dialog.window, button);
-        QCOMPARE(dialog.Box(box).text(), dialog.Path("a/x.html"));
+        QCOMPARE(dialog.Box(box).text(), dialog.Path("b/x.html"));
         QTEST(dialog.chooser.Questions()[1].Title, "title");
         QTEST(dialog.chooser.Questions()[1].DefaultExtension, "extension");
         QCOMPARE(dialog.chooser.Questions()[1].Filter,
                  QStringLiteral("HTML Files (*.html)|*.html|HTM Files (*.htm)|*.htm| All Files (*.*)|*.*"));
-        QCOMPARE(dialog.store.WrittenKeys, QStringList{key});
-        const QString folder = QDir::toNativeSeparators(dialog.Path("a"));
+        QCOMPARE(dialog.store.WrittenKeys, (QStringList{key, key}));
+        const QString folder = QDir::toNativeSeparators(dialog.Path("b"));
         QCOMPARE(dialog.store.Values.value(key), folder);
-        QCOMPARE(index == 0 ? dialog.session.UserSettings.HtmlDirectory : dialog.session.UserSettings.TempHtmlDirectory,
-                 folder);
+        QCOMPARE(index == 0 ? settings.HtmlDirectory : settings.TempHtmlDirectory, folder);
         QCOMPARE(QDir(QDir::currentPath()).canonicalPath(), QDir(dialog.folder.path()).canonicalPath());
     }
 
-    void Flow_RememberedFolder_IsTheCurrentOne() {
+    void Ok_NameWithoutExtension_GetsHtml() {
         Export dialog;
-        HtmlExportFlow flow({dialog.session, dialog.prompts, dialog.launcher, dialog.store, {}});
-        QDir(dialog.folder.path()).mkdir(QStringLiteral("a"));
-        dialog.session.UserSettings.TempHtmlDirectory = dialog.Path("a");
-        QDir::setCurrent(dialog.folder.path());
-        flow.GoToFolderOf(HtmlFile::Target);
-        QVERIFY(!QDir::currentPath().endsWith(QStringLiteral("/a")));
-        flow.GoToFolderOf(HtmlFile::Host);
-        QVERIFY(QDir::currentPath().endsWith(QStringLiteral("/a")));
+        PutBytes(dialog.Path("there"), "x");
+        dialog.Open();
+        QVERIFY(!dialog.StaysOnOk(dialog.Path("new")));
+        QCOMPARE(BytesOf(dialog.Path("new.html")), Page);
+        QCOMPARE(dialog.Box("Text1").text(), dialog.Path("new.html"));
+        for (const char* name : {"a.b/new.", "x.htm", "there"})
+            QCOMPARE(HtmlExportFlow::TargetOf(dialog.Path(name)),
+                     dialog.Path(name) + QLatin1String(QLatin1String(name).endsWith(u'.') ? "html" : ""));
+    }
+
+    void Ok_ExistingTarget_EnterIsHarmless_data() {
+        QTest::addColumn<QByteArray>("page");
+        QTest::addColumn<QStringList>("questions");
+        QTest::addColumn<bool>("replaced");
+        const QString insert = QStringLiteral("Would you like to insert html into '%1' ?");
+        const QString replace = QStringLiteral("Would you like to replace '%1' as a new file ?");
+        QTest::newRow("made by Vellumo") << QByteArray(EmptyPage) << QStringList{replace} << true;
+        QTest::newRow("not made by it") << QByteArray("<body></body>") << QStringList{insert, replace} << false;
+        QTest::newRow("made by another version")
+            << QByteArray(EmptyPage).replace("www.example.com", "x").replace(" lang=\"en\"", "") << QStringList{replace}
+            << true;
+        QTest::newRow("made by it, and then added to")
+            << QByteArray(EmptyPage + "<p>x") << QStringList{insert, replace} << false;
+        QTest::newRow("a test was put into it")
+            << QByteArray("<body><!-- vellumo begins --></body>") << QStringList{insert, replace} << false;
+    }
+    void Ok_ExistingTarget_EnterIsHarmless() {
+        QFETCH(QByteArray, page);
+        QFETCH(QStringList, questions);
+        QFETCH(bool, replaced);
+        Export dialog;
+        const QString target = dialog.Path("old.html");
+        PutBytes(target, page);
+        QtPrompts boxes;
+        DialogHTML window({dialog.session, boxes, dialog.launcher, dialog.store, {}}, dialog.chooser, dialog.navigator);
+        ShowAndActivate(window);
+        Find<QLineEdit>(window, QStringLiteral("Text1")).setText(target);
+        QStringList asked;
+        QTimer enter;
+        connect(&enter, &QTimer::timeout, this, [&asked] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                box && box->isActiveWindow()) {
+                asked.append(box->text());
+                QTest::keyClick(box, Qt::Key_Return);
+            }
+        });
+        enter.start(20);
+        Click(window, QStringLiteral("OKButton"));
+        QCOMPARE(asked, questions.replaceInStrings(QStringLiteral("%1"), target));
+        QCOMPARE(BytesOf(target), replaced ? Page : page);
     }
 
     void Ok_NewFile_WritesAndShowsThePage() {

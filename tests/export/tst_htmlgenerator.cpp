@@ -73,6 +73,7 @@ class tst_htmlgenerator : public QObject {
         row("[COMPLETION MESSAGE]", "Bye<P><P>Bye");
         row("[EMAIL]", "me@example.com");
         row("[NEXT PAGE]", "next.html");
+        row("[LANGUAGE]", "de-AT");
         row("[TOTAL NUMBER OF QUESTIONS]", "4");
         row("[TOTAL NUMBER OF SUBSCALES]", "2");
         row("[TOTAL NUMBER OF ANALYSIS]", "2");
@@ -102,6 +103,7 @@ class tst_htmlgenerator : public QObject {
         Generation generation;
         generation.session.HtmlEmailAddress = QStringLiteral("me@example.com");
         generation.session.HtmlNextPage = QStringLiteral("next.html");
+        generation.session.HtmlLanguage = QStringLiteral("de-AT");
         QTEST(Bars(generation.Filled(text)), "filled");
     }
 
@@ -189,8 +191,8 @@ class tst_htmlgenerator : public QObject {
         Generation generation;
         generation.session.GeneratedHtml = QStringLiteral("old");
         generation.session.HtmlTemplatePath = generation.folder.filePath(QStringLiteral("T.vlx"));
-        generation.prompts.Expect(QStringLiteral("I can't find the ") + tag +
-                                  QStringLiteral("tag in the file: /tests/Mood.vlm"));
+        generation.prompts.Expect(QStringLiteral("I can't find the ") + tag + QStringLiteral("tag in the file: ") +
+                                  generation.session.HtmlTemplatePath);
         generation.ExpectTemplateMessage();
         QCOMPARE(generation.Page(text), QString());
         QVERIFY(generation.failed);
@@ -264,14 +266,32 @@ class tst_htmlgenerator : public QObject {
         QVERIFY(generation.failed);
     }
 
+    void TestData_HostileTexts_AreEscaped() {
+        Generation generation;
+        generation.session.Test = TestFromText(QStringLiteral(
+            "[SUBSCALES][S]M[SIG]0 to 1 =a[/SIG][/S][/SUBSCALES][TOTAL][SIG]-2 to 3 =b[/SIG][/TOTAL]"
+            "[TEMPLATE][A]No[v=0][/A][/TEMPLATE][Q]own[A]y[v=2][/A][SS=1][/Q][Q]template's[/Q][Q]s[QT]2[/QT][/Q]"));
+        generation.session.Test.TestTitle =
+            QStringLiteral("</a>\"'&`[EMAIL]\\\r\n\u2028\u00e4") + QChar(0) + QChar(0xd800);
+        generation.session.Test.SubscaleRangeHigh(1, 1) = Value(QStringLiteral("x"));
+        generation.session.HtmlNextPage = QStringLiteral("[TEST DATA]");
+        generation.session.HtmlLanguage = QStringLiteral("de");
+        QCOMPARE(
+            generation.Page(QStringLiteral("[HEADER][TEST DATA][/HEADER]")).trimmed(),
+            QStringLiteral(
+                R"({"title":"\u003c/a\u003e\u0022\u0027\u0026\u0060\u005bEMAIL\u005d\u005c\r\n\u2028\u00e4\u0000\ud800",)"
+                R"("introduction":"","instructions":"","completionMessage":"","email":"","nextPage":"\u005bTEST DATA\u005d",)"
+                R"("language":"de","subscales":[{"name":"M","ranges":[{"low":"0","high":"x","text":"a"}]}],)"
+                R"("totalRanges":[{"low":"-2","high":"3","text":"b"}],"questions":[)"
+                R"({"kind":"choice","text":"own","subscale":1,"answers":[{"text":"y","value":"2"}]},)"
+                R"({"kind":"choice","text":"template\u0027s","subscale":0,"answers":[{"text":"No","value":"0"}]},)"
+                R"({"kind":"short","text":"s","subscale":0,"answers":[]}]})"));
+    }
+
     void FillTag_PiecesThatMakeTheTagAnew_AreFilledToo() {
         QString text = QStringLiteral("[EM[EM[EMAIL]AIL]AIL]x");
         FillTag(text, QStringLiteral("[EMAIL]"), QString());
         QCOMPARE(text, QStringLiteral("x"));
-    }
-
-    void QuoteForScript_Text_OnlySingleQuotes() {
-        QCOMPARE(QuoteForScript(QStringLiteral("a'b\\'c\"<&\r\n'")), QStringLiteral("a\\'b\\\\'c\"<&\r\n\\'"));
     }
 
     void ExpandQuestionPart_Tags_InTheirOrder() {

@@ -11,7 +11,7 @@
 namespace {
 
 const QByteArray Mark("\xEF\xBB\xBF");
-const QByteArray Head = "<html><head><title>T</title></head><body bgcolor='#FFFFFF' text='#000080'>";
+const QByteArray Head = "<html lang=\"en\"><head><title>T</title></head><body bgcolor='#FFFFFF' text='#000080'>";
 const QByteArray Credit = "<p align='center'>Test Created By <a href='https://www.example.com/vellumo'>Vellumo</a>.</p>"
                           "</body></html>";
 
@@ -26,6 +26,7 @@ class Tool {
     Tool() {
         Put("t.vlm", "[TITLE]T[/TITLE][Q]\xE4?[A]y[v=1][/A][/Q]");
         Put("t.vlx", "[HEADER][EMAIL]>[NEXT PAGE][/HEADER][MULTICHOICE][Q][QUESTION TEXT][/Q][/MULTICHOICE]");
+        settings_.HtmlLanguage = QStringLiteral("en");
         settings_.DefaultEmail = QStringLiteral("set@example.com");
         settings_.DefaultNextPage = QStringLiteral("set.html");
         settings_.HtmlTemplatePath = QStringLiteral("t.vlx");
@@ -118,6 +119,27 @@ class tst_htmlpage : public QObject {
         QTEST(InsertInto(host, QStringLiteral("X"), {text, after}).value_or(QString()), "result");
     }
 
+    void InsertInto_PageWithTheTest_ReplacesItsOwnKind() {
+        const QString old = QStringLiteral("<!-- vellumo begins -->1<!-- vellumo ends -->");
+        const QString paper = QStringLiteral("<!-- vellumo-paper begins -->2<!-- vellumo-paper ends -->");
+        const QString made = QString(old).replace(u'1', u'3');
+        QCOMPARE(InsertInto(old + u'a' + paper + old + u'Z', made, {QStringLiteral("z"), false}).value_or(QString()),
+                 u'a' + paper + made + u'Z');
+        QVERIFY(!InsertInto(old, made, {QStringLiteral("1"), false}));
+    }
+
+    void NewPage_HostileTitle_IsEscaped() {
+        QVERIFY(NewPage(QStringLiteral("</title><b>&'\""), QStringLiteral("<i>"), QStringLiteral("de"))
+                    .startsWith(QStringLiteral("<html lang=\"de\"><head><title>&lt;/title&gt;&lt;b&gt;&amp;&#39;&quot;"
+                                               "</title></head><body bgcolor='#FFFFFF' text='#000080'><i><p")));
+    }
+
+    void PageLanguage_NoTag_IsTheSystems() {
+        for (const char* tag : {"", "de_AT", "\"><script>", "de\n", "-", "a2"})
+            QCOMPARE(PageLanguage(QLatin1String(tag)), QLocale::system().bcp47Name());
+        QCOMPARE(PageLanguage(QStringLiteral("zh-Hant-TW")), QStringLiteral("zh-Hant-TW"));
+    }
+
     void Run_Forms_ExactBytes_data() {
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<QByteArray>("out");
@@ -201,6 +223,13 @@ class tst_htmlpage : public QObject {
         QCOMPARE(ran.Status, 1);
         QCOMPARE(ran.Out, QByteArray());
         QVERIFY(!QFileInfo::exists(tool.Path("out.html")));
+    }
+
+    void Run_Language_DeclaredOrRefused() {
+        Tool tool;
+        QVERIFY(
+            tool.Run({QStringLiteral("--language"), QStringLiteral("de")}).Out.startsWith("<html lang=\"de\"><head>"));
+        QCOMPARE(tool.Run({QStringLiteral("--language=<")}).Status, 2);
     }
 
     void Run_OutputThatCannotBeWritten_SaysSo() {

@@ -1,4 +1,5 @@
 #include "export/FakeSpreadsheet.h"
+#include "export/ResultRows.h"
 #include "export/SpreadsheetExport.h"
 #include "export/WorkbookPath.h"
 #include "support/FakeOfficeProbe.h"
@@ -64,6 +65,9 @@ struct Exporting {
         session.UserSettings.QuestionSuffix = QStringLiteral(" ");
         session.ClientName = QStringLiteral("Ann Lee");
         office.Entries[SpreadsheetKey] = QStringLiteral("Sheet");
+        for (int column = 1; const ResultColumn& expected :
+                             ResultColumnsOf(session.Test, QStringLiteral("Q."), QStringLiteral(" ")))
+            log.Grid[{3, column++}] = expected.Head;
     }
     ~Exporting() { QDir::setCurrent(QDir::rootPath()); }
 
@@ -104,7 +108,11 @@ class tst_spreadsheetexport : public QObject {
     void Path_FileNameWithExtension_CutForGood();
     void Export_NotInstalled_SaysSo();
     void Export_NewWorkbook_TitleHeadsAndRow();
-    void Export_ExistingWorkbook_RowBehindTheLast();
+    void Export_ExistingWorkbook_RowAfterTheLast();
+    void Export_OtherHeads_EachValueUnderItsOwn_data();
+    void Export_OtherHeads_EachValueUnderItsOwn();
+    void Export_HeadsThatCantBeTold_Refused_data();
+    void Export_HeadsThatCantBeTold_Refused();
     void Export_Options_ColumnsInOrder_data();
     void Export_Options_ColumnsInOrder();
     void Export_NothingAnswered_Zeros();
@@ -142,7 +150,9 @@ void tst_spreadsheetexport::Path_TestsOptions_FolderNameAndExtension_data() {
     QTest::newRow("client in both") << dir + inFolder + inName + name << ann << "Results/Ann Lee/Mood Ann Lee.exl";
     QTest::newRow("no client") << dir + inFolder + inName + name << QString() << "Results/Mood.exl";
     QTest::newRow("dangerous client") << inFolder + inName << "../x"
-                                      << ".._x/Vellumo Results .._x.exl";
+                                      << ".._x~d6b96a/Vellumo Results .._x~d6b96a.exl";
+    QTest::newRow("extension in the folder alone")
+        << QStringLiteral("[EXCEL DIR]x.exl/deep[/EXCEL DIR]") + name << ann << "x.exl/deep/Mood.exl";
     QTest::newRow("extension of another kind")
         << QStringLiteral("[EXCEL FILE NAME]results.xls[/EXCEL FILE NAME]") << ann << "~/results.exl";
     QTest::newRow("only an extension") << QStringLiteral("[EXCEL FILE NAME].exl[/EXCEL FILE NAME]") << ann
@@ -207,16 +217,128 @@ void tst_spreadsheetexport::Export_NewWorkbook_TitleHeadsAndRow() {
     QCOMPARE(QDir::currentPath(), QDir(exporting.folder.path()).canonicalPath());
 }
 
-void tst_spreadsheetexport::Export_ExistingWorkbook_RowBehindTheLast() {
+void tst_spreadsheetexport::Export_ExistingWorkbook_RowAfterTheLast() {
     Exporting exporting(Questions + Silent + Everything);
-    exporting.log.Grid[{3, 1}] = QStringLiteral("Name");
     exporting.log.Grid[{4, 1}] = 0.0;
     exporting.log.Grid[{6, 1}] = QStringLiteral("later");
     QVERIFY(exporting.Run());
     QCOMPARE(exporting.Calls(), Steps + Data + QStringLiteral("Save </> Quit"));
     QCOMPARE(exporting.log.Row(1), QString());
-    QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Name\""));
     QCOMPARE(exporting.log.Row(5), QStringLiteral("\"Ann Lee\" 2026-11-21 0 0 0 0 0 0 0"));
+    QCOMPARE(exporting.session.SpreadsheetFilePath,
+             exporting.folder.path() + QDir::separator() + QStringLiteral("Vellumo Results.exl"));
+}
+
+/// The columns of the tests below: "Client", "Total Score", "Q.1 " and "Q.4 ".
+const QString Four = QStringLiteral("[INCLUDE CLIENT NAME IN EXCEL FILE][INCLUDE TOTAL SCORE IN EXCEL FILE]"
+                                    "[INCLUDE MULTICHOICE ANSWERS IN EXCEL FILE]");
+
+void tst_spreadsheetexport::Export_OtherHeads_EachValueUnderItsOwn_data() {
+    QTest::addColumn<QString>("sheet");   // Its rows from the third, cells separated by "|".
+    QTest::addColumn<QString>("heads");     // What is added to the third row.
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("cells");
+    QTest::addColumn<QString>("message"); // Its end.
+    const QString none;
+    const QString all = QStringLiteral("\"Ann Lee\" 1 2 1");
+    const QString own = QStringLiteral("under its own head.");
+    const QString added = QStringLiteral("Heads that were missing were added at the right end: ");
+    QTest::newRow("expected") << "Client|Total Score|Q.1 |Q.4 \nBo|1|1|1" << none << 5 << all << none;
+    QTest::newRow("expected, blanks lost, more after them")
+        << "Client|Total Score|Q.1|Q.4|Mine" << none << 4 << all << none;
+    QTest::newRow("moved, another one between") << "Q.4 |Client|Mine|Q.1 |Total Score\n1|Bo||2|3" << none
+                                                << 5 << "1 \"Ann Lee\" - 2 1" << own;
+    QTest::newRow("some missing, one not included") << "Client|Date|Q.1 \nBo|1|1"
+                                                    << " \"Total Score\" \"Q.4 \"" << 5 << "\"Ann Lee\" - 2 1 1"
+                                                    << added + QStringLiteral("'Total Score', 'Q.4 '.");
+    QTest::newRow("other numbering") << "Client|Total Score|Item 1|Item 4\nBo|1|1|1"
+                                     << " \"Q.1 \" \"Q.4 \"" << 5 << "\"Ann Lee\" 1 - - 2 1"
+                                     << added + QStringLiteral("'Q.1 ', 'Q.4 '.");
+    QTest::newRow("none") << "" << "\"Client\" \"Total Score\" \"Q.1 \" \"Q.4 \"" << 4 << all
+                          << QStringLiteral("had no heads. These were added: 'Client', 'Total Score', 'Q.1 ', 'Q.4 '.");
+    QTest::newRow("none, but data") << "\nx\n|y"
+                                    << "- - \"Client\" \"Total Score\" \"Q.1 \" \"Q.4 \"" << 5
+                                    << "- \"y\" \"Ann Lee\" 1 2 1" << QStringLiteral("'Q.1 ', 'Q.4 '.");
+    QTest::newRow("data at the right end") << "Client|Total Score|Q.1 \nBo|1|1|note" << " - \"Q.4 \""
+                                           << 5 << "\"Ann Lee\" 1 2 - 1" << added + QStringLiteral("'Q.4 '.");
+    QTest::newRow("first column not ours, with gaps") << "Mine|Client|Total Score|Q.1 |Q.4 \n|Bo|1|1|1\nx\n|||1"
+                                                      << none << 7 << "- \"Ann Lee\" 1 2 1" << own;
+    QTest::newRow("client's name taken out") << "Client|Total Score|Q.1 |Q.4 \n|1" << none << 5 << all
+                                             << none;
+    QTest::newRow("row of another export") << "Client|Total Score|Q.1 |Q.4 |Date|Q.9\n||||1\n|||||1"
+                                           << none << 6 << all << none;
+    QTest::newRow("others' heads twice") << "Mine|Mine|Client|Total Score|Q.1 |Q.4 " << none << 4
+                                         << "- - \"Ann Lee\" 1 2 1" << own;
+    QTest::newRow("both ways of writing") << "Q.1|Q.1 |Client|Total Score|Q.4" << none << 4
+                                          << "- 2 \"Ann Lee\" 1 1" << own;
+}
+
+void Fill(SpreadsheetLog& log, const QString& sheet) {
+    log.Grid.clear();
+    for (int row = 3; const QString& line : sheet.split(u'\n')) {
+        for (int column = 1; const QString& cell : line.split(u'|')) {
+            if (!cell.isEmpty())
+                log.Grid[{row, column}] = cell;
+            ++column;
+        }
+        ++row;
+    }
+}
+
+void tst_spreadsheetexport::Export_OtherHeads_EachValueUnderItsOwn() {
+    QFETCH(QString, sheet);
+    QFETCH(QString, heads);
+    QFETCH(int, row);
+    QFETCH(QString, message);
+    Exporting exporting(Questions + Silent + Four);
+    Fill(exporting.log, sheet);
+    const auto before = exporting.log.Grid;
+    const QString headsBefore = exporting.log.Row(3);
+    exporting.session.Responses.ResponseChoice(1) = 2;
+    exporting.session.Responses.ResponseChoice(4) = 1;
+    exporting.session.Test.AnswerValue(1, 2) = -9;
+    if (!message.isEmpty())
+        exporting.prompts.Expect(message).InPart();
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.log.Row(3), headsBefore + heads);
+    QTEST(exporting.log.Row(row), "cells");
+    for (const auto& [place, value] : before)
+        QCOMPARE(exporting.log.Cell(place.first, place.second), value);
+}
+
+void tst_spreadsheetexport::Export_HeadsThatCantBeTold_Refused_data() {
+    QTest::addColumn<QString>("subscales");
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QString>("message");
+    const QString twice = QStringLiteral("the head '%1' appears twice in its third row, in the columns %2");
+    QTest::newRow("twice") << QString() << "Client|Q.1 |Q.4 |Total Score|Q.4 "
+                           << twice.arg(QStringLiteral("Q.4 "), QStringLiteral("C and E"));
+    QTest::newRow("twice with blanks") << QString() << "Q.1|Client|Q.4| Q.4|Total Score"
+                                       << twice.arg(QStringLiteral("Q.4 "), QStringLiteral("C and D"));
+    QTest::newRow("sub-scales of the same name, moved")
+        << "[S]Ease[/S][S]Ease[/S]" << "Mine|Client|Total Score|Ease|Ease|Q.1 |Q.4 "
+        << "the test has two columns with the head 'Ease'";
+    QTest::newRow("sub-scale called like a column, added")
+        << "[S]Client[/S]" << "Client|Total Score|Q.1 |Q.4 "
+        << "the test has two columns with the head 'Client'";
+    QTest::newRow("sub-scale without a name, moved")
+        << "[S] [/S]" << "Mine|Client|Total Score||Q.1 |Q.4 " << "a sub-scale without a name";
+}
+
+void tst_spreadsheetexport::Export_HeadsThatCantBeTold_Refused() {
+    QFETCH(QString, subscales);
+    QFETCH(QString, sheet);
+    QFETCH(QString, message);
+    Exporting exporting(QStringLiteral("[SUBSCALES]") + subscales + QStringLiteral("[/SUBSCALES]") +
+                        Questions.mid(Questions.indexOf(QStringLiteral("[Q]"))) + Silent + Four +
+                        QStringLiteral("[INCLUDE SUB-SCALES IN EXCEL FILE]"));
+    Fill(exporting.log, sheet);
+    const auto before = exporting.log.Grid;
+    exporting.prompts.Expect(message).InPart();
+    QVERIFY(exporting.Run());
+    QCOMPARE(exporting.log.Grid, before);
+    QVERIFY(!exporting.Calls().contains(QStringLiteral("Sav")));
+    QVERIFY(!exporting.session.SpreadsheetExported && exporting.session.SpreadsheetFilePath.isEmpty());
 }
 
 void tst_spreadsheetexport::Export_Options_ColumnsInOrder_data() {
@@ -253,9 +375,8 @@ void tst_spreadsheetexport::Export_Options_ColumnsInOrder() {
 void tst_spreadsheetexport::Export_NothingAnswered_Zeros() {
     Exporting exporting(Questions + Silent + Everything);
     exporting.session.ClientName.clear();
-    exporting.log.Grid[{3, 9}] = QStringLiteral("goes");
     QVERIFY(exporting.Run());
-    QCOMPARE(exporting.log.Row(3), QStringLiteral("0 2026-11-21 0 0 0 0 0 0 0"));
+    QCOMPARE(exporting.log.Row(4), QStringLiteral("0 2026-11-21 0 0 0 0 0 0 0"));
 }
 
 void tst_spreadsheetexport::Export_Overflow_NothingSaved() {
@@ -274,11 +395,13 @@ void tst_spreadsheetexport::Export_Prompting_AskedAndTaken() {
                                                                          {IncludeSubscalesInExcel, false},
                                                                          {OpenExcelReportWhenCompleted, true}});
     };
+    // The columns differ from what they were when the workbook was begun.
+    exporting.prompts.Expect(QStringLiteral("under its own head.")).InPart();
     QVERIFY(exporting.Run());
     QCOMPARE(exporting.Calls(), QStringLiteral("Confirm(~/Vellumo Results.exl) <Opening Excel for Export> "
                                                "Open(~/other) <Exporting Test Data to Excel File> <Saving ~/other> "
                                                "Save </> Visible UserControl"));
-    QCOMPARE(exporting.log.Row(3), QStringLiteral("\"Ann Lee\" 0 0 0 0 0"));
+    QCOMPARE(exporting.log.Row(4), QStringLiteral("\"Ann Lee\" - 0 - - 0 0 0 0"));
     QVERIFY(!exporting.session.Test.TestOption(IncludeDateInExcel));
     QVERIFY(exporting.session.Test.TestOption(OpenExcelReportWhenCompleted));
 }
@@ -356,9 +479,11 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState_data() {
     QTest::newRow("can't save as") << "SaveAs" << 1004 << true << "Error 1004 : Failed to save Excel File - why"
                                    << adding + Data +
                                           QStringLiteral("SaveAs(~/Vellumo Results.exl) Visible UserControl </>")
-                                   << true;
+                                   << false;
     QTest::newRow("can't save") << "Save" << 70 << false << "Error 70 : Failed to save Excel File - why"
-                                << Steps + Data + QStringLiteral("Save Visible UserControl </>") << true;
+                                << Steps + Data + QStringLiteral("Save Visible UserControl </>") << false;
+    QTest::newRow("held by another Vellumo") << "Open" << 463 << false << "why" << Steps + QStringLiteral("</>")
+                                             << false;
 }
 
 void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
@@ -374,6 +499,7 @@ void tst_spreadsheetexport::Export_Failures_MessagesAndState() {
     QVERIFY(exporting.Run());
     QTEST(exporting.Calls(), "calls");
     QTEST(exporting.session.SpreadsheetExported, "exported");
+    QCOMPARE(exporting.session.SpreadsheetFilePath, QString());
 }
 
 void tst_spreadsheetexport::Export_OpenAfterwards_LeftVisible() {
@@ -385,6 +511,7 @@ void tst_spreadsheetexport::Export_OpenAfterwards_LeftVisible() {
 void tst_spreadsheetexport::Export_CantBeShown_SaysThatItIsSaved() {
     Exporting exporting(Questions + Silent + Everything + QStringLiteral("[OPEN EXCEL REPORT WHEN COMPLETED]"));
     exporting.FailWith("Visible", 1004, "no program");
+    exporting.FailWith("Quit", 1004, "no program");
     QCOMPARE(exporting.Run().Message(), QStringLiteral("The results were saved. no program"));
     QVERIFY(exporting.session.SpreadsheetExported);
 }

@@ -3,22 +3,9 @@
 #include "platform/FileNames.h"
 #include "platform/SafeFile.h"
 #include "platform/TextFile.h"
+#include "support/Files.h"
 
 #include <QtTest>
-
-namespace {
-
-QByteArray Content(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-}
-
-bool Make(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-} // namespace
 
 class tst_files : public QObject {
     Q_OBJECT
@@ -101,7 +88,7 @@ void tst_files::ReadTextFile_BadInput_Reason() {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
     if (name == QStringLiteral("f"))
-        QVERIFY(Make(Path("f"), content));
+        PutBytes(Path("f"), content);
     TextOfFile file{QStringLiteral("before"), TextEncoding::Utf8};
     const Result read = ReadTextFile(folder_->filePath(name), 1000, file);
     QTEST(read.Message(), "reason");
@@ -112,14 +99,14 @@ void tst_files::WriteFile_NewAndReplaced_ContentAndNothingElse() {
     QVERIFY(WriteFile(Path("a"), "one"));
     QVERIFY(WriteFile(Path("a"), "two, and longer"));
     QVERIFY(WriteFile(Path("a"), "3"));
-    QCOMPARE(Content(Path("a")), "3");
+    QCOMPARE(BytesOf(Path("a")), "3");
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
 }
 
 void tst_files::AppendToFile_Again_BehindWhatIsThere() {
     for (const char* part : {"one", "two", "three"})
         QVERIFY(AppendToFile(Path("a"), part));
-    QCOMPARE(Content(Path("a")), "onetwothree");
+    QCOMPARE(BytesOf(Path("a")), "onetwothree");
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
 }
 
@@ -127,12 +114,21 @@ void tst_files::FileNameOf_Names_Safe_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("fileName");
     QTest::newRow("plain") << QStringLiteral("Ann Lee") << QStringLiteral("Ann Lee");
-    QTest::newRow("forbidden") << QStringLiteral("a/b\\c:d*e?f\"g<h>i|j\n") << QStringLiteral("a_b_c_d_e_f_g_h_i_j_");
-    QTest::newRow("dots only") << QStringLiteral("...") << QStringLiteral("___");
-    QTest::newRow("upwards") << QStringLiteral("../../x") << QStringLiteral(".._.._x");
-    QTest::newRow("trailing") << QStringLiteral("Jr. . ") << QStringLiteral("Jr____");
+    // The digits are the first of "printf NAME | sha256sum".
+    QTest::newRow("forbidden") << QStringLiteral("a/b\\c:d*e?f\"g<h>i|j\n")
+                               << QStringLiteral("a_b_c_d_e_f_g_h_i_j_~839231");
+    QTest::newRow("slash") << QStringLiteral("a/b") << QStringLiteral("a_b~c14cdd");
+    QTest::newRow("backslash") << QStringLiteral("a\\b") << QStringLiteral("a_b~c62016");
+    QTest::newRow("what it becomes") << QStringLiteral("a_b") << QStringLiteral("a_b");
+    QTest::newRow("digits of its own") << QStringLiteral("a_b~c14cdd") << QStringLiteral("a_b~c14cdd~833884");
+    QTest::newRow("dots only") << QStringLiteral("...") << QStringLiteral("___~ab5df6");
+    QTest::newRow("upwards") << QStringLiteral("../../x") << QStringLiteral(".._.._x~9cdf6a");
+    QTest::newRow("trailing") << QStringLiteral("Jr. . ") << QStringLiteral("Jr____~69afe9");
+    QTest::newRow("device") << QStringLiteral("Nul.x.y") << QStringLiteral("Nul_x_y~18f319");
+    QTest::newRow("like a device") << QStringLiteral("Connor") << QStringLiteral("Connor");
+    QTest::newRow("long") << QString(54, u'李') << QString(53, u'李') + QStringLiteral("~0a011f");
     QTest::newRow("leading dot stays") << QStringLiteral(".x") << QStringLiteral(".x");
-    QTest::newRow("later control characters") << QStringLiteral("a\u0085b\u007Fc") << QStringLiteral("a_b_c");
+    QTest::newRow("later control characters") << QStringLiteral("a\u0085b\u007Fc") << QStringLiteral("a_b_c~79d3e6");
     QTest::newRow("empty") << QString() << QString();
 }
 

@@ -4,8 +4,10 @@
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingNavigator.h"
 #include "support/ScriptedFileChooser.h"
+#include "support/ScriptedPrompts.h"
 #include "support/WindowDriver.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
@@ -34,7 +36,7 @@ struct Options {
     ~Options() { QDir::setCurrent(QDir::rootPath()); }
 
     void Open() {
-        window = std::make_unique<frmOptions>(settings, store, folders, chooser, navigator);
+        window = std::make_unique<frmOptions>(settings, store, folders, prompts, chooser, navigator);
         ShowAndActivate(*window);
     }
     QString Text(const char* name) { return Find<QLineEdit>(*window, QLatin1String(name)).text(); }
@@ -47,6 +49,7 @@ struct Options {
     Settings settings;
     MemorySettingsStore store;
     DefaultFolders folders{QStringLiteral("/program"), QStringLiteral("/work")};
+    ScriptedPrompts prompts;
     ScriptedFileChooser chooser;
     RecordingNavigator navigator;
     std::unique_ptr<frmOptions> window;
@@ -64,6 +67,8 @@ class tst_frmoptions : public QObject {
     void Open_NameDisabled_BoxCannotBeEdited();
     void Buttons_Changed_TakeAndStoreAsTheySay_data();
     void Buttons_Changed_TakeAndStoreAsTheySay();
+    void Buttons_NoSuchWorkingDirectory_RefuseAndStay_data();
+    void Buttons_NoSuchWorkingDirectory_RefuseAndStay();
     void RestoreDefaults_ThenCancel_HoldsForTheRunOnly();
     void CtrlTab_FromEither_WrapsAround();
     void DirectoryChooser_Answer_FillsTheBox_data();
@@ -167,12 +172,18 @@ void tst_frmoptions::Buttons_Changed_TakeAndStoreAsTheySay() {
     QFETCH(bool, stored);
     Options options;
     options.Open();
-    const QStringList boxes = {
-        QStringLiteral("TxtTestAdministrator"), QStringLiteral("txtsuffix_0"), QStringLiteral("txtsuffix_1"),
-        QStringLiteral("Txtdirectory"),         QStringLiteral("txteditor_0"), QStringLiteral("txteditor_1"),
-        QStringLiteral("txteditor_2"),          QStringLiteral("txtEmail"),    QStringLiteral("txtNextPage")};
+    const QStringList boxes = {QStringLiteral("TxtTestAdministrator"),
+                               QStringLiteral("txtsuffix_0"),
+                               QStringLiteral("txtsuffix_1"),
+                               QStringLiteral("txteditor_0"),
+                               QStringLiteral("txteditor_1"),
+                               QStringLiteral("txteditor_2"),
+                               QStringLiteral("txtEmail"),
+                               QStringLiteral("txtNextPage")};
+    options.SetText("Txtdirectory", QDir::rootPath());
     for (const QString& box : boxes)
         Find<QLineEdit>(*options.window, box).setText(QStringLiteral("new ") + box);
+    Find<QComboBox>(*options.window, QStringLiteral("cboLanguage")).setCurrentIndex(5);
     Click(*options.window, QStringLiteral("Chkpersist"));
     Click(*options.window, QStringLiteral("ChkCarriageReturn"));
     const Settings before = options.settings;
@@ -186,18 +197,51 @@ void tst_frmoptions::Buttons_Changed_TakeAndStoreAsTheySay() {
     QCOMPARE(now.AdministratorName, expected("TxtTestAdministrator", before.AdministratorName));
     QCOMPARE(now.QuestionPrefix, expected("txtsuffix_0", before.QuestionPrefix));
     QCOMPARE(now.QuestionSuffix, expected("txtsuffix_1", before.QuestionSuffix));
-    QCOMPARE(now.DefaultDirectory, expected("Txtdirectory", before.DefaultDirectory));
+    QCOMPARE(now.DefaultDirectory, taken ? QDir::rootPath() : before.DefaultDirectory);
     QCOMPARE(now.DefaultEditor, expected("txteditor_0", before.DefaultEditor));
     QCOMPARE(now.DefaultBrowser, expected("txteditor_1", before.DefaultBrowser));
     QCOMPARE(now.HtmlTemplatePath, expected("txteditor_2", before.HtmlTemplatePath));
     QCOMPARE(now.DefaultEmail, expected("txtEmail", before.DefaultEmail));
     QCOMPARE(now.DefaultNextPage, expected("txtNextPage", before.DefaultNextPage));
+    QCOMPARE(now.HtmlLanguage != before.HtmlLanguage, taken);
     QCOMPARE(now.NamePersist, taken);
     QCOMPARE(now.BreakAfterQuestionNumber, !taken);
-    QCOMPARE(options.store.WrittenKeys.size(), stored ? 13 : 0);
+    QCOMPARE(options.store.WrittenKeys.size(), stored ? 14 : 0);
     if (stored)
         QCOMPARE(options.store.Values.value(QStringLiteral("globaloptionQuestionPrefix")),
                  QStringLiteral("new txtsuffix_0"));
+}
+
+void tst_frmoptions::Buttons_NoSuchWorkingDirectory_RefuseAndStay_data() {
+    QTest::addColumn<QString>("directory");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("empty") << ""
+                           << "The working directory is empty";
+    QTest::newRow("blank") << " "
+                           << "The working directory is empty";
+    QTest::newRow("missing") << "HERE/gone"
+                             << "The working directory 'HERE/gone' can't be used: it doesn't exist.";
+    QTest::newRow("a file") << "HERE/T.vlx"
+                            << "The working directory 'HERE/T.vlx' can't be used: it is not a folder.";
+}
+
+void tst_frmoptions::Buttons_NoSuchWorkingDirectory_RefuseAndStay() {
+    QFETCH(QString, directory);
+    QFETCH(QString, message);
+    Options options;
+    options.Open();
+    options.SetText("Txtdirectory", directory.replace(QStringLiteral("HERE"), options.folder.path()));
+    options.SetText("txtsuffix_0", QStringLiteral("other"));
+    for (const char* button : {"OkButton", "SaveButton"}) {
+        options.ShowTab(1);
+        options.prompts.Expect(message.replace(QStringLiteral("HERE"), options.folder.path())).InPart();
+        Click(*options.window, QLatin1String(button));
+        QVERIFY(options.window->isVisible());
+        QVERIFY(Find<QLineEdit>(*options.window, QStringLiteral("Txtdirectory")).hasFocus());
+    }
+    QCOMPARE(options.settings.QuestionPrefix, QStringLiteral("Item "));
+    QCOMPARE(options.settings.DefaultDirectory, options.folder.path());
+    QVERIFY(options.store.WrittenKeys.isEmpty());
 }
 
 void tst_frmoptions::RestoreDefaults_ThenCancel_HoldsForTheRunOnly() {

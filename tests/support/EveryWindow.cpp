@@ -56,7 +56,7 @@ void TestWindows(const QString& sourceFolder, const WindowVisitor& visit) {
     program.office.Entries[SpreadsheetKey] = QStringLiteral("Excel.Sheet.12");
     LoadSettingsOnce(program.start, program.session, program.store, program.folders);
     Load(program, sourceFolder, QStringLiteral("Mood Diary.vlm"));
-    program.session.ClientName = QStringLiteral("Ann Lee");
+    program.session.ClientName = program.session.KeptClientName = QStringLiteral("Ann Lee");
     program.navigator.BeginLoadedTest();
     FrmTest& window = *program.navigator.TestWindow();
     visit(window, QStringLiteral("test-window-instructions"));
@@ -120,13 +120,13 @@ void Dialogs(const QString& sourceFolder, const WindowVisitor& visit) {
     program.session.UserSettings.DefaultDirectory = ShownFolder;
     program.session.UserSettings.DefaultEmail = QStringLiteral("someone@example.com");
     program.session.UserSettings.DefaultNextPage = QStringLiteral("https://www.example.com/vellumo");
-    program.session.ClientName = QStringLiteral("Ann Lee");
+    program.session.ClientName = program.session.KeptClientName = QStringLiteral("Ann Lee");
 
     frmClient names(program.session, program.store, program.navigator, QStringLiteral("Commencing 'Sleep Week'"),
-                    NamesAskedBy(program.session.Test));
+                    NamesAskedBy(program.session.Test), NamesFor::Next);
     visit(names, QStringLiteral("names"));
 
-    frmOptions options(program.session.UserSettings, program.store, program.folders, program.chooser,
+    frmOptions options(program.session.UserSettings, program.store, program.folders, program.prompts, program.chooser,
                        program.navigator);
     visit(options, QStringLiteral("general-options"));
     Find<QTabWidget>(options, QStringLiteral("tbsOptions")).setCurrentIndex(1);

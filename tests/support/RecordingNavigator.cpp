@@ -15,8 +15,9 @@ bool RecordingNavigator::AskNames(const QString& caption) {
     return AskNamesAnswer;
 }
 
-void RecordingNavigator::ShowText(const QString& text, const QString& caption) {
+void RecordingNavigator::ShowText(const QString& text, const QString& caption, TextKind kind) {
     ShownTexts.append(text);
+    LastKind = kind;
     Note(QStringLiteral("ShowText(%1)").arg(caption));
 }
 

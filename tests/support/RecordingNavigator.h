@@ -16,7 +16,7 @@ class RecordingNavigator : public Navigator {
     bool BeginLoadedTest() override;
     bool AskNames(const QString& caption) override;
     void ShowGeneralOptions() override { Note(QStringLiteral("ShowGeneralOptions")); }
-    void ShowText(const QString& text, const QString& caption) override;
+    void ShowText(const QString& text, const QString& caption, TextKind kind) override;
     void ShowHelp(HelpTopic topic) override;
     void ShowAbout() override { Note(QStringLiteral("ShowAbout")); }
     bool EditTest() override;
@@ -29,6 +29,7 @@ class RecordingNavigator : public Navigator {
     QStringList Calls;
     /// The texts given to ShowText, one for each of its calls.
     QStringList ShownTexts;
+    TextKind LastKind = TextKind::Reading;
 
     bool CloseAllAnswer = true;
     bool BeginAnswer = true;

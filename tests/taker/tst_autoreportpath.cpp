@@ -60,11 +60,12 @@ void tst_autoreportpath::ReportPathFor_Options_Path_data() {
     QTest::newRow("autosave name before its first dot")
         << directory + named << ann << QStringLiteral("Reports/results.txt");
     QTest::newRow("autosave name and client") << named + asClient << ann << QStringLiteral("results Ann Lee.txt");
-    QTest::newRow("a name that would leave the folder") << directory + asClient + inClient << QStringLiteral("../../x")
-                                                        << QStringLiteral("Reports/.._.._x/Mood .._.._x.txt");
+    QTest::newRow("a name that would leave the folder")
+        << directory + asClient + inClient << QStringLiteral("../../x")
+        << QStringLiteral("Reports/.._.._x~9cdf6a/Mood .._.._x~9cdf6a.txt");
     QTest::newRow("a name with forbidden characters")
-        << asClient << QStringLiteral("a/b:c*?") << QStringLiteral("Mood a_b_c__.txt");
-    QTest::newRow("a name of dots") << inClient << QStringLiteral("..") << QStringLiteral("__/Mood.txt");
+        << asClient << QStringLiteral("a/b:c*?") << QStringLiteral("Mood a_b_c__~968a1d.txt");
+    QTest::newRow("a name of dots") << inClient << QStringLiteral("..") << QStringLiteral("__~5ec1f7/Mood.txt");
     QTest::newRow("letters of all scripts stay")
         << asClient << QStringLiteral("Zoë 李") << QStringLiteral("Mood Zoë 李.txt");
     QTest::newRow("no client in a client directory")

@@ -8,12 +8,14 @@
 namespace {
 
 struct NamesWindow {
-    NamesWindow(bool persist, NamesAsked asked) {
+    NamesWindow(bool persist, NamesAsked asked, NamesFor administration = NamesFor::Running) {
         session.UserSettings.NamePersist = persist;
         session.ClientName = QStringLiteral("Ann");
+        session.KeptClientName = QStringLiteral("Earlier");
         session.AdministratorName = session.UserSettings.AdministratorName = QStringLiteral("Dr Bo");
         session.NamesCancelled = true;
-        window = std::make_unique<frmClient>(session, store, navigator, QStringLiteral("Commencing 'Mood'"), asked);
+        window = std::make_unique<frmClient>(session, store, navigator, QStringLiteral("Commencing 'Mood'"), asked,
+                                             administration);
         ShowAndActivate(*window);
     }
     QLineEdit& Box(int i) { return Find<QLineEdit>(*window, QStringLiteral("txtclient_%1").arg(i)); }
@@ -32,6 +34,7 @@ class tst_frmclient : public QObject {
   private Q_SLOTS:
     void Open_Persist_KeepsOrClears_data();
     void Open_Persist_KeepsOrClears();
+    void Open_NextAdministration_OffersTheKeptNameOnly();
     void Ok_EnabledBoxes_Taken_data();
     void Ok_EnabledBoxes_Taken();
     void Cancel_Ways_NamesStay_data();
@@ -43,21 +46,32 @@ class tst_frmclient : public QObject {
 
 void tst_frmclient::Open_Persist_KeepsOrClears_data() {
     QTest::addColumn<bool>("persist");
-    QTest::addColumn<QString>("client");
-    QTest::newRow("kept") << true << QStringLiteral("Ann");
-    QTest::newRow("cleared") << false << QString();
+    QTest::newRow("kept") << true;
+    QTest::newRow("cleared") << false;
 }
 
 void tst_frmclient::Open_Persist_KeepsOrClears() {
     QFETCH(bool, persist);
     NamesWindow names(persist, {});
     QCOMPARE(names.window->windowTitle(), QStringLiteral("Commencing 'Mood'"));
-    QTEST(names.Box(0).text(), "client");
+    // The client of the running administration is no name of an earlier one.
+    QCOMPARE(names.Box(0).text(), QStringLiteral("Ann"));
     QCOMPARE(names.Box(1).text(), persist ? QStringLiteral("Dr Bo") : QString());
     QCOMPARE(Find<QCheckBox>(*names.window, QStringLiteral("Chkpersist")).isChecked(), persist);
-    QTEST(names.session.ClientName, "client");
+    QCOMPARE(names.session.KeptClientName, persist ? QStringLiteral("Earlier") : QString());
     QVERIFY(!names.session.NamesCancelled);
     QVERIFY(names.Box(0).hasFocus());
+}
+
+void tst_frmclient::Open_NextAdministration_OffersTheKeptNameOnly() {
+    NamesWindow names(true, {}, NamesFor::Next);
+    QCOMPARE(names.Box(0).text(), QStringLiteral("Earlier"));
+    QCOMPARE(names.session.NextClientName, QString());
+    Type(names.Box(0), QStringLiteral("Eve")); // in the place of the selected name
+    Click(*names.window, QStringLiteral("Lblok_0"));
+    QCOMPARE(names.session.NextClientName, QStringLiteral("Eve"));
+    QCOMPARE(names.session.KeptClientName, QStringLiteral("Eve"));
+    QCOMPARE(names.session.ClientName, QStringLiteral("Ann"));
 }
 
 void tst_frmclient::Ok_EnabledBoxes_Taken_data() {

@@ -353,6 +353,7 @@ void tst_frmtest::Keyboard_WholeTest_WithoutMouse() {
     QCOMPARE(taking.FocusName(), QStringLiteral("CmdReport"));
     press(Qt::Key_Return);
     QCOMPARE(taking.navigator.Calls, QStringList{QStringLiteral("ShowText(Report for Mood)")});
+    QVERIFY(taking.navigator.LastKind == TextKind::Report);
     const ResponseSet& responses = taking.session.Responses;
     QCOMPARE(responses.ResponseChoice(1), 4);
     QCOMPARE(responses.ResponseText(2), QStringLiteral("10 of 10"));
@@ -404,6 +405,7 @@ void tst_frmtest::Information_Menu_ThenResume() {
 
     taking.window->mnutestshow_Click(4);
     QCOMPARE(taking.navigator.Calls, QStringList{QStringLiteral("ShowText(Test Information for Mood)")});
+    QVERIFY(taking.navigator.LastKind == TextKind::Reading);
     QCOMPARE(taking.navigator.ShownTexts, QStringList{QuestionListing(taking.session.Test)});
 }
 

@@ -92,7 +92,7 @@ class tst_checker : public QObject {
         row("bracket in an answer", Title + "[Q]a[A]x] [v=1][/A][/Q]",
             "question 1, answer 1 @2:5 the text contains a square bracket");
         row("script end", Title + "[Q]a</script>[A]x[v=1][/A][/Q]",
-            "contains '</script>', which breaks a generated page");
+            "contains '</script>', which breaks a page whose template takes texts as they are");
         row("quote in the title", "[TITLE]A \"T\"[/TITLE]" + Question, "title @1:1 the text contains a double quote");
         row("backslash", Title + "[Q]a\\[A]x[v=1][/A][/Q]", "the text contains a backslash");
         row("line break in a question", Title + "[Q]a<P>b[A]x[v=1][/A][/Q]", "the text contains a line break");

@@ -43,6 +43,7 @@ TestDocument Sound() {
     test.QuestionSubscale(2) = 2;
     test.QuestionType(3) = ShortAnswer;
     test.QuestionType(4) = LongAnswer;
+    test.TestOption(ReportDateAndTime) = true;
     return test;
 }
 
@@ -120,24 +121,44 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
         "half a line break in the introduction", [=](auto& t) { t.TestIntroduction = text("One\nTwo"); },
         "warning introduction: 'One<line break>Two' is read back as 'OneTwo'\n");
     row(
+        "mark typed in the title", [=](auto& t) { t.TestTitle = text("a<p>b"); },
+        "error title: the text contains <p>, which a reader takes for a part of the file: 'a<p>b' is read back as "
+        "'a<line break>b'\n"
+        "warning title: the text contains '<p>b', which breaks a generated page unless it is meant as markup\n");
+    row(
+        "option that is off, in a text",
+        [=](auto& t) { t.TestInstructions = text("See [1] and [navigation buttons]."); },
+        "error instructions: the text contains [navigation buttons], which a reader takes for a part of the file: the "
+        "option [NAVIGATION BUTTONS] is on when the test is read back\n");
+    row(
+        "option that is on, in a text",
+        [=](auto& t) {
+            t.TestInstructions = text("[navigation buttons]");
+            t.NavigationButtons = true;
+        },
+        "warning instructions: the text contains [NAVIGATION BUTTONS], which switches that option on\n");
+    row(
         "mark typed in the introduction", [=](auto& t) { t.TestIntroduction = text("a<P> b"); },
         "warning introduction: 'a<P> b' is read back as 'a<line break> b'\n"
-        "warning introduction: the text contains '<P> b', which breaks a generated page unless it is meant as "
+        "warning introduction: the text contains '<P> b', which breaks a page whose template takes texts as they "
+        "are unless it is meant as "
         "markup\n");
     row(
         "bracket in a question", [=](auto& t) { t.QuestionText(2) = text("Is [this] on?"); },
-        "warning question 2: 'Is [this] on?' is read back as 'Is '\n");
+        "error question 2: the text contains [this], which a reader takes for a part of the file: 'Is [this] on?' is "
+        "read back as 'Is '\n");
     row(
         "bracket in an answer", [=](auto& t) { t.AnswerText(1, 2) = text("x]"); },
         "warning question 1, answer 2: the text contains a square bracket, which the reader may take for a tag\n");
     row(
         "value typed into an answer", [=](auto& t) { t.AnswerText(1, 2) = text("x[V=9]"); },
-        "warning question 1, answer 2: the value 2 is read back as 9\n"
-        "warning question 1, answer 2: 'x[V=9]' is read back as 'x'\n");
+        "error question 1, answer 2: the text contains [V=9], which a reader takes for a part of the file: the value 2 "
+        "is read back as 9\n");
     row(
         "answer's end in an answer", [=](auto& t) { t.AnswerText(1, 2) = text("x[/A]"); },
-        "error question 1, answer 2: a file with this can't be opened again: I can't find a value assigned to "
-        "question Question 1?[A]Answer 1[v=0][/A][A]x[/A][v=2][/A][SS=1]\n");
+        "error question 1, answer 2: the text contains [/A], which a reader takes for a part of the file: a file with "
+        "this can't be opened again: I can't find a value assigned to question Question 1?[A]Answer "
+        "1[v=0][/A][A]x[/A][v=2][/A][SS=1]\n");
     row(
         "harmless tag in the introduction", [=](auto& t) { t.TestIntroduction = text("see [subscales]"); },
         "warning introduction: the text contains a square bracket, which the reader may take for a tag\n");
@@ -149,38 +170,41 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
             t.QuestionCount = 1;
             t.QuestionSubscale(1) = t.SubscaleCount = t.TotalRangeCount = 0;
         },
-        "error introduction: a file with this can't be opened again: I can't find the [/TEMPLATE] tag\n");
+        "error introduction: the text contains [Template], which a reader takes for a part of the file: a file with "
+        "this can't be opened again: I can't find the [/TEMPLATE] tag\n");
     row(
         "question in a text", [=](auto& t) { t.TestCompletionMessage = text("[Q]more[/Q]"); },
-        "warning completion message: the text contains a square bracket, which the reader may take for a tag\n"
-        "warning question 1: 'Question 1?' is read back as 'more'\n"
-        "warning question 1: the sub-scale 1 is read back as 0\n"
-        "warning question 1: the test has 4 questions, and 5 are read back\n"
-        "warning question 1, answer 1: the test has 2 answers, and 0 are read back\n");
+        "error completion message: the text contains [Q], which a reader takes for a part of the file: question 1: "
+        "'Question 1?' is read back as 'more'\n");
     row(
         "nameless sub-scale ends the list",
         [=](auto& t) {
             t.SubscaleName(1).clear();
             t.SubscaleRangeCount(1) = 0;
         },
-        "warning sub-scale 1 '': the test has 2 sub-scales, and 0 are read back\nwarning sub-scale 1 '': the sub-scale "
+        "error sub-scale 1 '': the test has 2 sub-scales, and 0 are read back\nwarning sub-scale 1 '': the sub-scale "
         "has no name\n");
     row(
         "range's end in a range", [=](auto& t) { t.TotalRangeText(1) = text("all[/SIG]"); },
-        "warning range 1 of the total: 'all[/SIG]' is read back as 'all'\n");
+        "error range 1 of the total: the text contains [/SIG], which a reader takes for a part of the file: "
+        "'all[/SIG]' "
+        "is read back as 'all'\n");
     row(
         "option in a path", [=](auto& t) { t.ReportDirectory = text("/a[report title]"); },
-        "warning : the option [REPORT TITLE] is on when the test is read back\n");
+        "error directory for reports: the text contains [report title], which a reader takes for a part of the file: "
+        "the "
+        "option [REPORT TITLE] is on when the test is read back\n");
     row(
         "option in a question", [=](auto& t) { t.QuestionText(2) = text("a [report title]"); },
-        "warning question 2: 'a [report title]' is read back as 'a '\nwarning question 2: the text contains [REPORT "
-        "TITLE], which switches that option on\n");
+        "error question 2: the text contains [report title], which a reader takes for a part of the file: 'a [report "
+        "title]' is read back as 'a '\n");
     row(
         "bracket in a path", [=](auto& t) { t.ExcelDirectory = text("/a[/excel dir]/b"); },
-        "warning directory for workbooks: '/a[/excel dir]/b' is read back as '/a'\n");
+        "error directory for workbooks: the text contains [/excel dir], which a reader takes for a part of the file: "
+        "'/a[/excel dir]/b' is read back as '/a'\n");
     row(
         "line break in a file name", [=](auto& t) { t.AutosaveFileName = text("a\nb"); },
-        "warning report's file name: 'a<line break>b' is read back as 'ab'\n");
+        "error report's file name: 'a<line break>b' is read back as 'ab'\n");
     row(
         "empty value", [=](auto& t) { t.AnswerValue(1, 1) = Value(); },
         "error question 1, answer 1: the value is empty, and a file with it can't be opened again\n");
@@ -240,12 +264,11 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
             Lengthen(t, 203);
             t.QuestionType(201) = t.QuestionType(203) = Multichoice;
         },
-        "error question 201: only questions 1 to 200 can be of the type multichoice: saving stops here, and what "
-        "stands "
-        "behind this isn't in the file\n");
+        "error question 201: only questions 1 to 200 can be of the type multichoice\n"
+        "error question 203: only questions 1 to 200 can be of the type multichoice\n");
     row(
         "type that doesn't exist", [=](auto& t) { t.QuestionType(3) = -1; },
-        "warning question 3: the type -1 is read back as 0\nwarning question 3: the question has the type -1, which "
+        "error question 3: the type -1 is read back as 0\nwarning question 3: the question has the type -1, which "
         "doesn't exist, and can't be answered\n");
 }
 

@@ -73,6 +73,8 @@ class TestFrmEdit : public QObject {
     void Close_SaveFails_StaysOpenWithText();
     void Close_AfterSaveAs_AsksNothing();
     void Close_ReportNeverSaved_Asks();
+    void Close_TextToRead_AsksOnlyWhileItDiffers();
+    void Close_FileJustOpened_AsksNothing();
     void CloseWithoutQuestion_UnsavedText_Closes();
     void Save_NewDocument_OpensSaveAsDialog();
     void Save_NamedDocument_WritesWithoutDialog();
@@ -92,6 +94,7 @@ class TestFrmEdit : public QObject {
     void Clipboard_Keys_ActAsTheMenu();
     void Copy_NoSelection_KeepsClipboard();
     void ChangeFont_Accepted_AppliesToWholeBoxOnly();
+    void ChangeFont_AcceptedUnchanged_ChangesNothing();
     void ChangeFont_Cancelled_KeepsFont();
     void PasteWord_NotInstalled_IsDisabled();
     void PasteWord_Installed_TypesWholeText();
@@ -201,15 +204,43 @@ void TestFrmEdit::Close_AfterSaveAs_AsksNothing() {
 
 void TestFrmEdit::Close_ReportNeverSaved_Asks() {
     Desk desk;
-    desk.Window->ShowText(u"Total score: 12"_s, u"Report - Mood"_s);
+    desk.Window->ShowText(u"Total score: 12"_s, u"Report - Mood"_s, TextKind::Report);
     QCOMPARE(desk.Window->Caption(), u"Report - Mood"_s);
+    QVERIFY(desk.Window->isWindowModified());
     desk.ExpectSaveQuestion(PromptAnswer::Cancel);
     QVERIFY(!desk.Window->close());
 }
 
+void TestFrmEdit::Close_TextToRead_AsksOnlyWhileItDiffers() {
+    Desk desk;
+    desk.Window->ShowText(u"Welcome.\r\n\u00a0Sit down."_s, u"Mood - Introduction"_s, TextKind::Reading);
+    QVERIFY(!desk.Window->isWindowModified());
+    Type(*desk.Window->txtEdit, u"x"_s);
+    QVERIFY(desk.Window->isWindowModified());
+    desk.ExpectSaveQuestion(PromptAnswer::Cancel);
+    QVERIFY(!desk.Window->close());
+    Press(*desk.Window->txtEdit, Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(!desk.Window->isWindowModified());
+    Choose(*desk.Window, u"MnuFileNew"_s); // asks nothing either
+    Type(*desk.Window->txtEdit, u"y"_s);
+    Press(*desk.Window->txtEdit, Qt::Key_Backspace);
+    QVERIFY(desk.Window->close());
+}
+
+void TestFrmEdit::Close_FileJustOpened_AsksNothing() {
+    Desk desk;
+    PutBytes(desk.Path(u"notes.txt"_s), "one\r\ntwo\r\n");
+    for (int i = 0; i < 2; ++i) { // nor does opening the next one
+        desk.Files.ExpectOpen(desk.Path(u"notes.txt"_s));
+        Choose(*desk.Window, u"MnuFileOpen"_s);
+    }
+    QVERIFY(!desk.Window->isWindowModified());
+    QVERIFY(desk.Window->close());
+}
+
 void TestFrmEdit::CloseWithoutQuestion_UnsavedText_Closes() {
     Desk desk;
-    desk.Window->ShowText(u"Total score: 12"_s, u"Report"_s);
+    desk.Window->ShowText(u"Total score: 12"_s, u"Report"_s, TextKind::Report);
     desk.Window->CloseWithoutQuestion();
     QVERIFY(!desk.Window->isVisible());
 }
@@ -235,8 +266,6 @@ void TestFrmEdit::Save_NamedDocument_WritesWithoutDialog() {
     Choose(*desk.Window, u"MnuFileSave"_s);
     QCOMPARE(BytesOf(desk.Path(u"report.txt"_s)), "one\r\ntwo\r\n");
     QVERIFY(!desk.Window->isWindowModified());
-    // Only Save As settles the question of closing.
-    desk.ExpectSaveQuestion(PromptAnswer::No);
     QVERIFY(desk.Window->close());
 }
 
@@ -257,7 +286,7 @@ void TestFrmEdit::Save_AnyLineEnds_WritesCarriageReturnsAndOneBreakMore() {
     QFETCH(const QString, text);
     QFETCH(const QByteArray, bytes);
     Desk desk;
-    desk.Window->ShowText(text, u"Report"_s);
+    desk.Window->ShowText(text, u"Report"_s, TextKind::Report);
     desk.SaveAs(u"report.txt"_s);
     QCOMPARE(BytesOf(desk.Path(u"report.txt"_s)), bytes);
 }
@@ -308,7 +337,7 @@ void TestFrmEdit::New_Accepted_WritesToKnownFileFirst() {
 
 void TestFrmEdit::New_Cancelled_KeepsTextAndCaption() {
     Desk desk;
-    desk.Window->ShowText(u"text"_s, u"Report"_s);
+    desk.Window->ShowText(u"text"_s, u"Report"_s, TextKind::Report);
     desk.ExpectSaveQuestion(PromptAnswer::Cancel);
     Choose(*desk.Window, u"MnuFileNew"_s);
     QCOMPARE(desk.Text(), u"text"_s);
@@ -342,7 +371,7 @@ void TestFrmEdit::Open_SavedBefore_AsksNothing() {
 
 void TestFrmEdit::Open_Cancelled_KeepsEverything() {
     Desk desk;
-    desk.Window->ShowText(u"text"_s, u"Report"_s);
+    desk.Window->ShowText(u"text"_s, u"Report"_s, TextKind::Report);
     desk.ExpectSaveQuestion(PromptAnswer::No);
     desk.Files.ExpectOpen({});
     Choose(*desk.Window, u"MnuFileOpen"_s);
@@ -380,7 +409,7 @@ void TestFrmEdit::Open_Unreadable_SaysWhyAndKeepsText() {
 
 void TestFrmEdit::Clipboard_CutCopyAllPaste_UseSelection() {
     Desk desk;
-    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s);
+    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s, TextKind::Report);
     Choose(*desk.Window, u"mncopyall"_s);
     QCOMPARE(desk.Board.Content, u"one\ntwo"_s);
     QVERIFY(desk.Window->txtEdit->textCursor().hasSelection());
@@ -443,6 +472,25 @@ void TestFrmEdit::ChangeFont_Accepted_AppliesToWholeBoxOnly() {
     QVERIFY(desk.Window->close()); // a font is no change of the text
 }
 
+void TestFrmEdit::ChangeFont_AcceptedUnchanged_ChangesNothing() {
+    Desk desk;
+    for (const bool bold : {false, true})
+        for (const bool italic : {false, true}) {
+            QFont font = desk.Window->txtEdit->font();
+            font.setBold(bold);
+            font.setItalic(italic);
+            desk.Window->txtEdit->setFont(font);
+            DialogDriver driver([&](QDialog& dialog) {
+                const QFont offered = dynamic_cast<QFontDialog&>(dialog).currentFont();
+                QCOMPARE(offered.bold(), bold);
+                QCOMPARE(offered.italic(), italic);
+                dialog.accept();
+            });
+            Choose(*desk.Window, u"MnuEditFont"_s);
+            QCOMPARE(desk.Window->txtEdit->font(), font);
+        }
+}
+
 void TestFrmEdit::ChangeFont_Cancelled_KeepsFont() {
     Desk desk;
     const QFont before = desk.Window->txtEdit->font();
@@ -458,7 +506,7 @@ void TestFrmEdit::PasteWord_NotInstalled_IsDisabled() {
 
 void TestFrmEdit::PasteWord_Installed_TypesWholeText() {
     Desk desk;
-    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s);
+    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s, TextKind::Report);
     Choose(*desk.Window, u"pasteword"_s);
     QCOMPARE(desk.Word.Texts, QStringList{u"one\ntwo"_s});
     QCOMPARE(desk.Board.Content, u"one\ntwo"_s);
@@ -475,7 +523,7 @@ void TestFrmEdit::PasteWord_Fails_SaysSo() {
 
 void TestFrmEdit::Print_Report_SendsTextAndCaption() {
     Desk desk;
-    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s);
+    desk.Window->ShowText(u"one\r\ntwo"_s, u"Report"_s, TextKind::Report);
     Press(*desk.Window->txtEdit, Qt::Key_P, Qt::ControlModifier);
     QCOMPARE(desk.Paper.Jobs, (QList<RecordingPrinter::Job>{{u"one\ntwo"_s, u"Report"_s}}));
 }

@@ -1,4 +1,5 @@
 import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
 import { createServer } from 'node:http';
 import { after, before, test } from 'node:test';
 import * as web from './support.js';
@@ -75,6 +76,9 @@ test('questions without an answer are listed and can be jumped to', async () => 
   assert.equal(await focused(tab), 'vellumo-question-4');
   await tab.keyboard.press('Space');
   assert.deepEqual(await tab.locator('#vellumo-open-list a').allTextContents(), ['2. Second?']);
+  for (const key of ['Tab', 'Enter'])
+    await tab.keyboard.press(key);
+  assert.equal(await focused(tab), 'vellumo-open-title');
   await tab.fill('#vellumo-question-2 input', 'x');
   assert.ok(await tab.isHidden('#vellumo-open'));
   await tab.click('text="Show the result"');
@@ -95,6 +99,7 @@ test('the list of open questions is in sight below the progress, and the result 
   await tab.click('#vellumo-anyway');
   assert.ok(await tab.isVisible('#vellumo-left-out'));
   assert.equal(await tab.innerText('#vellumo-left-out'), 'Questions not answered: 2, 3, 4. They count nothing in the scores.');
+  assert.deepEqual(await tab.locator('#vellumo-scores .answered').allTextContents(), ['answered 1 of 2']);
   await tab.context().close();
 });
 
@@ -132,53 +137,85 @@ test('answers survive a reload in the same tab, and only there', async () => {
   await other.context().close();
 });
 
-const hostile = ['</script><script>attack()</script>', '<script>attack()</script>', '<img src=x onerror=attack()>', '"\'`<&amp;&lt;>',
-  '\\\'+attack()+\\\'', '\\', '\\\\\'', '\',\'', '<!--', '--><script>attack()</script>', '</textarea></style></title></template><script>attack()</script>',
-  '${attack()}', '<svg onload=attack()>', '<!--<script>', ']]>', '&#60;b&#62;', 'javascript:attack()', '\u2028 \uFEFF é ж 😀'];
+const hostile = ['</script><script>hit()</script>', '<img src=x onerror=hit()>', '"\'`<&amp;&lt;>', '\\\'+hit()+\\\'', '\\\\\'', '\',\'', '<!--',
+  '--><script>hit()</script>', '</textarea></style></title></template><script>hit()</script>', '</NoEmbed><img src=x onerror=hit()>',
+  '</TITLE><svg/onload=hit()>', '</noscript></main></body><script>hit()</script>', '${hit()}', '<!--<script>', ']]>', '&#60;b&#62;',
+  '<!-- vellumo ends --><script>hit()</script>', 'javascript:hit()', ' java\tscript:hit()', 'data:text/html,<script>hit()</script>',
+  '\u2028 \uFEFF é ж 😀', 'a\u0085\u200Eb', '[EMAIL][TEST DATA][QUESTION TEXT][LANGUAGE]'];
+/** A test with the text in each of its fields; one with a bracket would end the shorter ones. */
+const hostileTest = text => {
+  const short = text.includes('[') ? 'x' : text;
+  return [short, web.put('hostile.vlm', `\uFEFF[TITLE]${text}[/TITLE][INTRODUCTION]${text}[/INTRODUCTION][INSTRUCTIONS]${text}[/INSTRUCTIONS]` +
+    `[COMPLETION MESSAGE]${text}[/COMPLETION MESSAGE][SUBSCALES][S]${short}[SIG]0 to 9 =${text}[/SIG][/S][S]'${short}'[SIG]0 to 9 =x[/SIG][/S][/SUBSCALES]` +
+    `[TOTAL][SIG]0 to 9 =${text}[/SIG][/TOTAL][Q]${short}[A]${short}[v=1][/A][SS=1][/Q][Q]${short}[QT]2[/QT][/Q][Q]${short}[QT]3[/QT][/Q]`)];
+};
+const watch = () => { globalThis.hit = () => { globalThis.wasHit = true; }; };
+const unharmed = async tab =>
+  assert.deepEqual([await tab.evaluate(() => globalThis.wasHit), tab.errors, tab.loaded, tab.dialogs], [undefined, [], [], []]);
 
-for (const [i, text] of hostile.entries())
+for (const text of hostile)
   test(`a text stays a text: ${text}`, async () => {
-    // A title ends a page's own title, which no template can mend.
-    const title = text.includes('</title>') ? 'T' : text;
-    const path = web.put('hostile.vlm', Buffer.from('\uFEFF' + `[TITLE]${title}[/TITLE][INTRODUCTION]${text}[/INTRODUCTION][INSTRUCTIONS]${text}[/INSTRUCTIONS]` +
-      `[COMPLETION MESSAGE]${text}[/COMPLETION MESSAGE][SUBSCALES][S]${text}[SIG]0 to 9 =${text}[/SIG][/S][S]'${text}'[SIG]0 to 9 =x[/SIG][/S][/SUBSCALES]` +
-      `[TOTAL][SIG]0 to 9 =${text}[/SIG][/TOTAL][Q]${text}[A]${text}[v=1][/A][SS=1][/Q][Q]${text}[QT]2[/QT][/Q][Q]${text}[QT]3[/QT][/Q]`));
-    const tab = await web.open(browser, web.makePage(path, '--email', text + '@', '--next-page', text), {}, () => {
-      globalThis.attack = () => { globalThis.attacked = true; };
-    });
-    assert.equal(await tab.isVisible('#vellumo-damaged'), false);
-    assert.equal((await tab.textContent('h1')).trim(), title.trim());
+    const [short, path] = hostileTest(text);
+    const tab = await web.open(browser, web.makePage(path, '--email', text, '--next-page', text), {}, watch);
+    assert.equal((await tab.title()).trim(), text.replaceAll('\t', ' ').trim());
+    assert.equal((await tab.textContent('h1')).trim(), text.trim());
     for (const name of ['introduction', 'instructions'])
       assert.equal(await tab.textContent(`#vellumo-show-${name}`), text);
-    assert.deepEqual(await tab.locator('legend').allTextContents(), [1, 2, 3].map(q => `${q}. ${text}`));
-    assert.equal(await tab.textContent('#vellumo-question-1 label'), text);
+    assert.deepEqual(await tab.locator('legend').allTextContents(), [1, 2, 3].map(q => `${q}. ${short}`));
+    assert.equal(await tab.textContent('#vellumo-question-1 label'), short);
     await tab.check('input[type=radio]');
     await web.finish(tab);
-    assert.deepEqual(await tab.locator('#vellumo-subscale-scores .name').allTextContents(), [text, `'${text}'`]);
-    assert.deepEqual(await tab.locator('#vellumo-subscale-analysis p').allTextContents(), [`${text} = ${text}`, `'${text}' = x`]);
+    assert.equal(await tab.textContent('#vellumo-total-score .score'), '1');
+    assert.deepEqual(await tab.locator('#vellumo-subscale-scores .name').allTextContents(), [short, `'${short}'`]);
+    assert.deepEqual(await tab.locator('#vellumo-subscale-analysis p').allTextContents(), [`${short} = ${text}`, `'${short}' = x`]);
     assert.equal(await tab.textContent('#vellumo-total-analysis'), text);
     assert.equal(await tab.textContent('#vellumo-show-completion-message'), text);
-    assert.equal(await tab.evaluate(() => globalThis.attacked), undefined);
-    assert.deepEqual([tab.errors, tab.loaded, tab.dialogs], [[], [], []], `text ${i}`);
+    assert.ok((await tab.textContent('#vellumo-send-note')).includes(text.trim().split(/\s/)[0]));
+    assert.ok(await tab.isHidden('#vellumo-send'));
+    await unharmed(tab);
     await tab.context().close();
   });
 
-const spilling = ['</noembed></label></div><b>x</b>', '</noembed>x', '</noembed></main>', '</noembed><!-- x -->'];
-const places = text => [`[Q]${text}[A]a[v=1][/A][/Q]`, `[Q]q[A]${text}[v=1][/A][/Q]`,
-  `[INTRODUCTION]${text}[/INTRODUCTION][Q]q[A]a[v=1][/A][/Q]`, `[TOTAL][SIG]0 to 1 =${text}[/SIG][/TOTAL][Q]q[A]a[v=1][/A][/Q]`,
-  `[SUBSCALES][S]${text}[/S][/SUBSCALES][Q]q[A]a[v=1][/A][/Q]`];
+test('a page that hostile texts were put into stays whole', async () => {
+  const [all, path] = hostileTest(hostile.filter(text => !text.includes('[')).join(' '));
+  const host = web.put('host.html', '<!DOCTYPE html><title>Host</title><h1>Host</h1><hr><p id="end">end</p>');
+  const tab = await web.open(browser, web.makePage(path, '--email', all, '--next-page', all, '--insert-into', host, '--before', '<hr>'), {}, watch);
+  assert.deepEqual([await tab.title(), await tab.textContent('body > #end'), await tab.getAttribute('html', 'lang')], ['Host', 'end', null]);
+  assert.equal(await tab.textContent('#vellumo-question-1 label'), all);
+  await unharmed(tab);
+  await tab.context().close();
+});
 
-for (const text of spilling)
-  test(`a text that ends its place is told in words, and nothing is scored: ${text}`, async () => {
-    for (const place of places(text)) {
-      const path = web.put('spill.vlm', place);
-      const tab = await web.open(browser, web.makePage(path));
-      assert.ok(await tab.isVisible('text=This page is damaged'), place);
-      assert.ok(await tab.isHidden('#vellumo-test'), place);
-      assert.match(web.cli('check', path), /which breaks a generated page/);
-      await tab.context().close();
-    }
-  });
+test('the next page is on the web or beside this one', async () => {
+  for (const [given, leadsTo] of [['javascript:alert(1)'], [' java\nscript:alert(1)'], ['data:text/html,x'], ['file:///etc/passwd'], ['//host/share'],
+    ['mailto:me@example.com', 'mailto:me@example.com'], ['https://example.com/a', 'https://example.com/a'], ['next.html', /^file:.*next\.html$/]]) {
+    const tab = await web.open(browser, smallPage('--email', 'me@example.com', '--next-page', given));
+    await web.finish(tab);
+    await tab.click('#vellumo-send');
+    const links = await tab.locator('#vellumo-sent a').evaluateAll(all => all.map(link => link.href));
+    assert.equal(links.length, leadsTo ? 1 : 0, given);
+    assert.match(links[0] ?? '', leadsTo instanceof RegExp ? leadsTo : new RegExp(`^${leadsTo ?? ''}$`));
+    await tab.context().close();
+  }
+});
+
+test('the page declares its language, and its own words are English', async () => {
+  const tab = await web.open(browser, smallPage('--language', 'pt-BR'));
+  assert.equal(await tab.getAttribute('html', 'lang'), 'pt-BR');
+  const languages = await tab.$$eval('#vellumo, #vellumo .text', all => all.map(element => element.lang));
+  assert.deepEqual([...new Set(languages)], ['pt-BR']);
+  assert.equal(await tab.$eval('#vellumo-finish', button => button.closest('[lang]').lang), 'en');
+  assert.deepEqual(await web.violations(tab), []);
+  await tab.context().close();
+});
+
+test('a page whose data was changed says so', async () => {
+  const path = smallPage();
+  const tab = await web.open(browser, web.put('cut.html', readFileSync(path, 'utf8').replace('"questions":', '')));
+  assert.match(await tab.innerText('#vellumo-damaged'), /^This page is damaged/);
+  assert.ok(await tab.isHidden('#vellumo-test'));
+  await tab.context().close();
+});
 
 /** A server that notes what is posted to it. */
 const listen = () => new Promise(done => {
@@ -273,14 +310,19 @@ test('a page that the test was put into keeps what it has', async () => {
   await tab.context().close();
 });
 
-test('a page into which tests were put twice says so and gives none of them', async () => {
+test('a test that is put into a page again takes its own place, and two copies say so', async () => {
   for (const [template, area] of [['HTML Template', 'vellumo'], ['Paper Template', 'vellumo-paper']]) {
     const options = ['--template', web.template(template)];
+    const again = host => web.open(browser, smallPage(...options, '--insert-into', host, '--before', '</body>'));
     const once = smallPage(...options);
-    const tab = await web.open(browser, smallPage(...options, '--insert-into', once, '--before', '</body>'));
-    assert.match(await tab.innerText(`#${area}-damaged >> nth=0`), /^More than one test /);
-    assert.equal(await tab.locator(`#${area}-test:visible`).count(), 0);
+    const tab = await again(once);
+    assert.equal(await tab.locator(`#${area}-test:visible`).count(), 1);
     await tab.context().close();
+    const unmarked = web.put('unmarked.html', readFileSync(once, 'utf8').replaceAll(/<!-- vellumo.*?-->/g, ''));
+    const twice = await again(unmarked);
+    assert.match(await twice.innerText(`#${area}-damaged >> nth=0`), /^More than one test /);
+    assert.equal(await twice.locator(`#${area}-test:visible`).count(), 0);
+    await twice.context().close();
   }
 });
 

@@ -54,11 +54,11 @@ test('everything of the test is on the paper, and the key on a page of its own',
   await tab.context().close();
 });
 
-test('a test without a score, hostile texts and spilling ones', async () => {
+test('a test without a score, and hostile texts', async () => {
   const interview = await openPaper(web.sample('First Visit Interview'));
   assert.equal(await interview.locator('.line').count() > 7, true);
   await interview.context().close();
-  const text = '\'"<b>\\</script><script>attack()</script><img src=x onerror=attack()>&amp;';
+  const text = '</noembed>\'"<b>\\</script><script>attack()</script><img src=x onerror=attack()>&amp;';
   const build = hostile => web.put('t.vlm', `[TITLE]T[/TITLE][SUBSCALES][S]${hostile}[SIG]0 to 1 =${hostile}[/SIG][/S][/SUBSCALES]` +
     `[Q]${hostile}[A]${hostile}[v=1][/A][SS=1][/Q]`);
   const tab = await openPaper(build(text));
@@ -68,10 +68,6 @@ test('a test without a score, hostile texts and spilling ones', async () => {
   assert.doesNotMatch(await tab.innerText('body'), /\[/);
   assert.deepEqual([tab.errors, tab.loaded], [[], []]);
   await tab.context().close();
-  const spilled = await openPaper(build('</noembed>x'));
-  assert.ok(await spilled.isVisible('text=This page is damaged'));
-  assert.ok(await spilled.isHidden('#vellumo-paper-test'));
-  await spilled.context().close();
 });
 
 test('axe finds nothing', async () => {

@@ -95,5 +95,6 @@ test('a bar stands between the lowest and the highest possible score', async () 
   assert.deepEqual(lines, ['lowest possible: -1highest possible: 7', 'lowest possible: -1highest possible: 11']);
   const widths = await tab.$$eval('.scale .fill', fills => fills.map(fill => Math.round(parseFloat(fill.style.width))));
   assert.deepEqual(widths, [50, 33]);
+  assert.deepEqual(await tab.locator('.scale .answered').allTextContents(), ['answered 2 of 3']);
   await tab.context().close();
 });

@@ -226,10 +226,10 @@ size_t fwrite(const void *bytes, size_t size, size_t number, FILE *stream) {
 
 /* Length, durability, permissions. */
 
-int ftruncate(int file, off_t length) { DO(isOurFile(file), WRITES, "ftruncate", NULL, (int)syscall(SYS_ftruncate, file, length)); }
-int ftruncate64(int file, off64_t length) { DO(isOurFile(file), WRITES, "ftruncate", NULL, (int)syscall(SYS_ftruncate, file, length)); }
-int truncate(const char *path, off_t length) { DO(isOurs(AT_FDCWD, path), WRITES, "truncate", path, (int)syscall(SYS_truncate, path, length)); }
-int truncate64(const char *path, off64_t length) { DO(isOurs(AT_FDCWD, path), WRITES, "truncate", path, (int)syscall(SYS_truncate, path, length)); }
+int ftruncate(int file, off_t length) { DO(isOurFile(file), OTHER, "ftruncate", NULL, (int)syscall(SYS_ftruncate, file, length)); }
+int ftruncate64(int file, off64_t length) { DO(isOurFile(file), OTHER, "ftruncate", NULL, (int)syscall(SYS_ftruncate, file, length)); }
+int truncate(const char *path, off_t length) { DO(isOurs(AT_FDCWD, path), OTHER, "truncate", path, (int)syscall(SYS_truncate, path, length)); }
+int truncate64(const char *path, off64_t length) { DO(isOurs(AT_FDCWD, path), OTHER, "truncate", path, (int)syscall(SYS_truncate, path, length)); }
 int fsync(int file) { DO(isOurFile(file), WRITES, "fsync", NULL, (int)syscall(SYS_fsync, file)); }
 int fdatasync(int file) { DO(isOurFile(file), WRITES, "fdatasync", NULL, (int)syscall(SYS_fdatasync, file)); }
 int fchmod(int file, mode_t mode) { DO(isOurFile(file), OTHER, "fchmod", NULL, (int)syscall(SYS_fchmod, file, mode)); }

@@ -1,6 +1,7 @@
 #include "app/ui/AppNavigator.h"
 
 #include "app/ui/AboutBox.h"
+#include "editor/LeftTest.h"
 #include "export/ui/DialogHTML.h"
 #include "platform/ui/WindowInFront.h"
 #include "settings/ui/frmOptions.h"
@@ -8,33 +9,10 @@
 #include "testdoc/TestParser.h"
 
 #include <QApplication>
-#include <QFileInfo>
-#include <QLocale>
 
 namespace {
 
 const QString NamesCaption = QStringLiteral("Confirm Client & Test Administrator");
-
-QString ShortTime(const QDateTime& time) { return QLocale().toString(time, QLocale::ShortFormat); }
-
-QString LeftTestQuestion(const RecoveredTest& left) {
-    const TestDocument& test = left.Test;
-    const QString title = test.TestTitle.isEmpty() ? QStringLiteral("Untitled") : test.TestTitle;
-    const QString file = test.TestFileName.isEmpty() ? QStringLiteral("a test that has no file yet")
-                                                     : QStringLiteral("the file '") + test.TestFileName + u'\'';
-    const QDateTime saved = QFileInfo(test.TestFileName).lastModified();
-    // Whoever goes on with the older one would undo what was saved since.
-    const QString newer =
-        !test.TestFileName.isEmpty() && saved > left.KeptAt
-            ? QStringLiteral(" The file was changed after that, on ") + ShortTime(saved) +
-                  QStringLiteral(": what was written to it then is not among them, and saving them would replace it.")
-            : QString();
-    return QStringLiteral("The test '") + title + QStringLiteral("' (") + file +
-           QStringLiteral(") has changes that were not saved when Vellumo ended. They were kept on ") +
-           ShortTime(left.KeptAt) + u'.' + newer +
-           QStringLiteral("\n\nDo you want to go on with them in the editor? 'No' gives them up, 'Cancel' asks again "
-                          "at the next start.");
-}
 
 template <typename Window> Window* Owned(Window* window) {
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -49,7 +27,15 @@ void BringUp(QWidget& window) {
 
 } // namespace
 
+AppNavigator::AppNavigator(AppParts parts)
+    : parts_(std::move(parts)),
+      copies_(parts_.RecoveryFolder, parts_.Time),
+      trusted_(parts_.TrustFile, parts_.SampleHashes) {
+    parts_.Run.FileMade = [this](const QString& path) { trusted_.NoteMade(parts_.Run.Test.TestFileHash, path); };
+}
+
 AppNavigator::~AppNavigator() {
+    parts_.Run.FileMade = {};
     // Destroying a window asks nothing and shows nothing.
     ended_ = true;
     qDeleteAll(OwnWindows());
@@ -57,7 +43,7 @@ AppNavigator::~AppNavigator() {
 
 void AppNavigator::Start() {
     ShowStartScreen();
-    if (!ended_ && startScreen_ && startScreen_->isVisible() && OfferLeftTest())
+    if (startScreen_ && startScreen_->isVisible() && OfferLeftTest())
         startScreen_->close();
 }
 
@@ -66,10 +52,10 @@ void AppNavigator::ShowStartScreen() {
         return;
     // One that was closed is on its way out.
     if (!startScreen_ || !startScreen_->isVisible())
-        startScreen_ = Owned(new Loading_Test(
-            {parts_.Run, parts_.Start, parts_.Store, parts_.Folders, parts_.Ports.Boxes, parts_.Ports.Files, *this}));
+        startScreen_ = Owned(new Loading_Test({parts_.Run, parts_.Start, parts_.Store, parts_.Folders,
+                                               parts_.Ports.Boxes, parts_.Ports.Files, *this, trusted_}));
     startScreen_->Form_Load();
-    if (ended_ || startScreen_->BeginFromCommandLine() || ended_)
+    if (startScreen_->BeginFromCommandLine())
         return;
     BringUp(*startScreen_);
 }
@@ -102,6 +88,7 @@ bool AppNavigator::BeginLoadedTest() {
         parts_.Ports.Boxes.Inform(begins.Message());
         return false;
     }
+    TakeNextClient(parts_.Run);
     testWindow_ = Owned(new FrmTest({parts_.Run, parts_.Ports.Boxes, parts_.Ports.Files, parts_.Time, parts_.Programs,
                                      parts_.Ports.Office, *this, parts_.Exporter, &parts_.Store}));
     BringUp(*testWindow_);
@@ -111,7 +98,8 @@ bool AppNavigator::BeginLoadedTest() {
 bool AppNavigator::AskNames(const QString& caption) {
     // From the start screen no test has a say in it.
     const NamesAsked asked = caption.isEmpty() ? NamesAsked() : NamesAskedBy(parts_.Run.Test);
-    frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked,
+    const NamesFor administration = testWindow_ && testWindow_->isVisible() ? NamesFor::Running : NamesFor::Next;
+    frmClient window(parts_.Run, parts_.Store, *this, caption.isEmpty() ? NamesCaption : caption, asked, administration,
                      WindowInFront());
     window.exec();
     return !parts_.Run.NamesCancelled;
@@ -120,18 +108,19 @@ bool AppNavigator::AskNames(const QString& caption) {
 void AppNavigator::ShowGeneralOptions() {
     Settings& settings = parts_.Run.UserSettings;
     const Settings before = settings;
-    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Files, *this, WindowInFront()).exec();
+    frmOptions(settings, parts_.Store, parts_.Folders, parts_.Ports.Boxes, parts_.Ports.Files, *this, WindowInFront())
+        .exec();
     // A name that was given for one test only isn't among the settings, and stays.
     if (settings.AdministratorName != before.AdministratorName)
         parts_.Run.AdministratorName = settings.AdministratorName;
     TakeChangedHtmlSettings(parts_.Run, before);
 }
 
-void AppNavigator::ShowText(const QString& text, const QString& caption) {
+void AppNavigator::ShowText(const QString& text, const QString& caption, TextKind kind) {
     reports_.removeAll(nullptr);
     auto* report = Owned(new frmEdit(parts_.Ports, *this));
     reports_.append(report);
-    report->ShowText(text, caption);
+    report->ShowText(text, caption, kind);
 }
 
 void AppNavigator::ShowHelp(HelpTopic topic) {
@@ -159,8 +148,16 @@ bool AppNavigator::EditNewTest() {
 }
 
 frmTestEditor* AppNavigator::MakeEditor() {
-    return Owned(new frmTestEditor(
-        {parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files, *this, copies_}));
+    return Owned(new frmTestEditor({parts_.Run.Test, parts_.Run.UserSettings, parts_.Ports.Boxes, parts_.Ports.Files,
+                                    *this, copies_, [this](const QString& path) { AllowOwnTest(path); }}));
+}
+
+void AppNavigator::AllowOwnTest(const QString& path) {
+    TestDocument saved;
+    if (!ReadTestFile(saved, path))
+        return;
+    if (const Result kept = trusted_.Allow(saved.TestFileHash); !kept)
+        parts_.Ports.Boxes.Inform(kept.Message());
 }
 
 bool AppNavigator::OpenEditor() {
@@ -178,8 +175,7 @@ bool AppNavigator::OfferLeftTest() {
     const std::optional<RecoveredTest> left = copies_.Left();
     if (!left)
         return false;
-    switch (parts_.Ports.Boxes.Ask(
-        {LeftTestQuestion(*left), QStringLiteral("Unsaved Test"), PromptButtons::YesNoCancel, PromptIcon::Question})) {
+    switch (parts_.Ports.Boxes.Ask(LeftTestQuestion(*left, LeftTestOffer::AtStart))) {
     case PromptAnswer::Yes:
         break;
     case PromptAnswer::No:
@@ -193,7 +189,7 @@ bool AppNavigator::OfferLeftTest() {
         return false;
     parts_.Run.Test = left->Test;
     editor_ = MakeEditor();
-    editor_->LoadRecovered();
+    editor_->LoadRecovered(left->Typed);
     BringUp(*editor_);
     return true;
 }

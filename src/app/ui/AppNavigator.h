@@ -28,13 +28,17 @@ struct AppParts {
     std::function<void()> End;
     /// Where copies of unsaved tests are kept; without a name none is.
     QString RecoveryFolder = {};
+    /// The file that says which tests may act by themselves; without a name nothing outlives the run.
+    QString TrustFile = {};
+    /// The hashes of the samples that come with the program.
+    QStringList SampleHashes = {};
     SpreadsheetExporter* Exporter = nullptr;
 };
 
 /// Makes and shows the windows of the program, and owns them.
 class AppNavigator : public Navigator {
   public:
-    explicit AppNavigator(AppParts parts) : parts_(std::move(parts)), copies_(parts_.RecoveryFolder, parts_.Time) {}
+    explicit AppNavigator(AppParts parts);
     ~AppNavigator() override;
     AppNavigator(const AppNavigator&) = delete;
     AppNavigator& operator=(const AppNavigator&) = delete;
@@ -48,7 +52,7 @@ class AppNavigator : public Navigator {
     bool BeginLoadedTest() override;
     bool AskNames(const QString& caption) override;
     void ShowGeneralOptions() override;
-    void ShowText(const QString& text, const QString& caption) override;
+    void ShowText(const QString& text, const QString& caption, TextKind kind) override;
     void ShowHelp(HelpTopic topic) override;
     void ShowAbout() override;
     bool EditTest() override;
@@ -59,8 +63,6 @@ class AppNavigator : public Navigator {
     /// Hands in the exporter, whose own windows need this navigator. It outlives the navigator's windows.
     void UseExporter(SpreadsheetExporter& exporter) { parts_.Exporter = &exporter; }
 
-    /// Whether the program is ending; an event loop need not be entered then.
-    bool Ended() const { return ended_; }
     /// The windows now open, the start screen and the test window first; null where there is none.
     Loading_Test* StartScreen() const { return startScreen_; }
     FrmTest* TestWindow() const { return testWindow_; }
@@ -71,12 +73,15 @@ class AppNavigator : public Navigator {
   private:
     frmTestEditor* MakeEditor();
     bool OpenEditor();
+    /// Whoever saves a test in the editor has read it, or wrote it.
+    void AllowOwnTest(const QString& path);
     /// False when there is no such test, or the person doesn't want to go on with it now.
     bool OfferLeftTest();
     QWidgetList OwnWindows() const;
 
     AppParts parts_;
     Recovery copies_;
+    TrustedTests trusted_;
     bool ended_ = false;
     QPointer<Loading_Test> startScreen_;
     QPointer<FrmTest> testWindow_;

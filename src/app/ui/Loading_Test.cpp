@@ -17,6 +17,8 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QSize UsualSize(112 * GridUnit, 76 * GridUnit);
@@ -70,7 +72,10 @@ QString OnOneLine(QString title) { return title.replace(LineBreak, QStringLitera
 } // namespace
 
 Loading_Test::Loading_Test(const StartScreenParts& parts, QWidget* parent)
-    : QWidget(parent, Qt::Window), session_(parts.Run), parts_(parts), flow_(parts.Run, parts.Ways, parts.Boxes) {
+    : QWidget(parent, Qt::Window),
+      session_(parts.Run),
+      parts_(parts),
+      flow_(parts.Run, parts.Ways, parts.Boxes, parts.Trusted) {
     setObjectName(QStringLiteral("Loading_Test"));
     auto* column = new QVBoxLayout(this);
     column->addLayout(MakeHeading());
@@ -136,7 +141,7 @@ QLayout* Loading_Test::MakeTestPanel() {
     }
     column->addStretch(1);
     CmdEditTest_ = MakeButton(QStringLiteral("CmdEditTest"), QStringLiteral("Edit Test"));
-    cmdBeginTest_ = MakeButton(QStringLiteral("cmdBeginTest"), QStringLiteral("Begin Test"));
+    cmdBeginTest_ = MakeButton(QStringLiteral("cmdBeginTest"), QStringLiteral("&Begin Test"));
     cmdBeginTest_->setFont(HeadingFont());
     cmdBeginTest_->setMinimumHeight(6 * GridUnit);
     cmdBeginTest_->setDefault(true);
@@ -228,7 +233,7 @@ void Loading_Test::FitToSize() {
 
 void Loading_Test::Form_Load() {
     LoadSettingsOnce(parts_.Start, session_, parts_.Store, parts_.Folders);
-    ChangeDirectory(session_.UserSettings.DefaultDirectory);
+    EnterWorkingDirectory();
     CentreOnScreen(*this);
     FitToSize();
     setWindowTitle(QStringLiteral("Vellumo - Version ") + QLatin1String(VELLUMO_VERSION));
@@ -243,19 +248,25 @@ bool Loading_Test::BeginFromCommandLine() {
     return BeginSelectedTest();
 }
 
+void Loading_Test::EnterWorkingDirectory() {
+    if (const Result there = EnsureWorkingDirectory(session_.UserSettings, parts_.Folders); !there)
+        parts_.Boxes.Inform(there.Message());
+    ChangeDirectory(session_.UserSettings.DefaultDirectory);
+}
+
 void Loading_Test::ListTestsAgain() {
     {
         const QSignalBlocker quiet(Listselect_);
         Listselect_->clear();
     }
     selectedTestPath_.clear();
-    try {
-        FileList_ = ListTests(session_.Test);
-    } catch (const Failure& failure) {
-        FileList_.clear();
-        flow_.EndOn(failure);
-        return;
-    }
+    // The test that was taken, edited or looked at last.
+    const QString last = session_.Test.TestFileName.isEmpty() ? QString() : AbsolutePath(session_.Test.TestFileName);
+    // Another folder's tests, listed in the place of those of a folder that can't be entered, would mislead.
+    FileList_ = CheckWorkingDirectory(session_.UserSettings.DefaultDirectory) ? ListTests(session_.Test)
+                                                                              : std::vector<ListedTest>();
+    if (RowOf(last) >= 0)
+        parts_.Start.SelectedTest = last;
     QStringList titles;
     for (const ListedTest& test : FileList_)
         titles.append(OnOneLine(test.Title));
@@ -266,6 +277,12 @@ void Loading_Test::ListTestsAgain() {
     ShowWhetherTestsAreListed(!FileList_.empty());
 }
 
+int Loading_Test::RowOf(const QString& path) const {
+    const auto listed =
+        std::ranges::find_if(FileList_, [&](const ListedTest& test) { return AbsolutePath(test.FileName) == path; });
+    return listed == FileList_.end() ? -1 : static_cast<int>(listed - FileList_.begin());
+}
+
 void Loading_Test::ShowWhetherTestsAreListed(bool listed) {
     Listselect_->setVisible(listed);
     Lblinstruct_->setVisible(listed);
@@ -274,7 +291,11 @@ void Loading_Test::ShowWhetherTestsAreListed(bool listed) {
     // The text that takes the list's place sends the person there.
     CmdEditTest_->setVisible(true);
     if (listed) {
-        Listselect_->setCurrentRow(0);
+        {
+            const QSignalBlocker quiet(Listselect_);
+            Listselect_->setCurrentRow(qMax(0, RowOf(parts_.Start.SelectedTest)));
+        }
+        Listselect_->scrollToItem(Listselect_->currentItem());
         Listselect_Click();
         Listselect_->setFocus();
     } else {
@@ -296,26 +317,29 @@ void Loading_Test::Listselect_Click() {
     if (row < 0)
         return;
     selectedTestPath_ = FileList_[static_cast<size_t>(row)].FileName;
+    parts_.Start.SelectedTest = AbsolutePath(selectedTestPath_);
     cmdBeginTest_->show();
     CmdEditTest_->show();
 
     TestDocument& test = session_.Test;
+    const QString problem = ReadParts();
+    selectedTitle_->setText(problem.isEmpty() ? test.TestTitle : selectedTestPath_);
+    selectedFile_->setText(problem.isEmpty() ? selectedTestPath_ : problem);
+    ShowPartButtons(problem.isEmpty() && !test.TestIntroduction.isEmpty(),
+                    problem.isEmpty() && !test.TestInstructions.isEmpty(), problem.isEmpty());
+}
+
+QString Loading_Test::ReadParts() {
+    TestDocument& test = session_.Test;
     ClearTest(test);
-    if (const Result read = ReadTestFile(test, selectedTestPath_); !read) {
-        selectedTitle_->setText(selectedTestPath_);
-        selectedFile_->setText(CantReadTestFile(selectedTestPath_, read.Message()));
-        ShowPartButtons(false, false, false);
-        return;
-    }
+    if (const Result read = ReadTestFile(test, selectedTestPath_); !read)
+        return CantReadTestFile(selectedTestPath_, read.Message());
     try {
         LoadTitleAndTexts(test);
     } catch (const Failure& failure) {
-        flow_.EndOn(failure);
-        return;
+        return failure.Message();
     }
-    selectedTitle_->setText(test.TestTitle);
-    selectedFile_->setText(selectedTestPath_);
-    ShowPartButtons(!test.TestIntroduction.isEmpty(), !test.TestInstructions.isEmpty(), true);
+    return {};
 }
 
 void Loading_Test::cmdBeginTest_Click() { BeginSelectedTest(); }
@@ -325,7 +349,7 @@ bool Loading_Test::BeginSelectedTest() { return LeaveWhen(flow_.Begin(selectedTe
 bool Loading_Test::LeaveWhen(bool otherWindowOpened) {
     if (otherWindowOpened)
         close();
-    else if (!flow_.Ended())
+    else
         Listselect_Click(); // the attempt left another test, or none, in memory
     return otherWindowOpened;
 }
@@ -359,12 +383,12 @@ void Loading_Test::Label3_Click() {
     ChangeDirectory(session_.UserSettings.DefaultDirectory);
     if (path.isEmpty())
         return;
-    LeaveWhen(flow_.BeginWithoutNames(path));
+    LeaveWhen(flow_.Begin(path));
 }
 
 void Loading_Test::Label5_Click() {
     parts_.Ways.ShowGeneralOptions();
-    ChangeDirectory(session_.UserSettings.DefaultDirectory);
+    EnterWorkingDirectory();
     ListTestsAgain();
 }
 

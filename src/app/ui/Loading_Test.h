@@ -23,6 +23,7 @@ struct StartScreenParts {
     Prompts& Boxes;
     FileChooser& Files;
     Navigator& Ways;
+    TrustedTests& Trusted;
 };
 
 /// The start screen: the tests of the working directory by title, and the ways to everything else.
@@ -53,11 +54,16 @@ class Loading_Test : public QWidget {
     void Connect();
     void FitToSize();
 
+    void EnterWorkingDirectory();
     void ListTestsAgain();
+    int RowOf(const QString& path) const;
     void ShowWhetherTestsAreListed(bool listed);
     void ShowPartButtons(bool introduction, bool instructions, bool questions);
     bool BeginSelectedTest();
     bool LeaveWhen(bool otherWindowOpened);
+
+    /// Reads what is shown of the selected test into the document. Returns why it can't be, or "".
+    QString ReadParts();
 
     void Listselect_Click();
     void cmdBeginTest_Click();

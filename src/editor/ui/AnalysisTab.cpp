@@ -38,61 +38,66 @@ void AnalysisTab::MakeControls() {
     const QStringList captions{QStringLiteral("Add"), QStringLiteral("Delete"), QStringLiteral("Edit")};
     for (int i = 0; i < captions.size(); ++i)
         CmdTotalAdd_.Make(i, captions[i], captions[i] + QStringLiteral(" range"));
-    connect(txtTotLow_, &QLineEdit::textChanged, this, &AnalysisTab::EnableButtons);
-    connect(txtTotHigh_, &QLineEdit::textChanged, this, &AnalysisTab::EnableButtons);
-    connect(txtTotText_, &TextBox::Edited, this, &AnalysisTab::EnableButtons);
+    form_ = new BoxForm(Test(), TestPlace::TotalRange, {txtTotText_, txtTotLow_, txtTotHigh_});
+    form_->setParent(this);
+    connect(form_, &BoxForm::ContentsChanged, this, &AnalysisTab::EnableButtons);
+    connect(form_, &BoxForm::Edited, this, &AnalysisTab::Typed);
+    connect(form_, &BoxForm::StoredInTest, this, &AnalysisTab::TakeStored);
     connect(ListTotalAnalysis_, &EntryList::ChoiceChanged, this, &AnalysisTab::ListTotalAnalysis_Click);
 }
 
 void AnalysisTab::RefreshFromTest() {
-    txtTotLow_->clear();
-    txtTotHigh_->clear();
-    txtTotText_->SetText({});
     ShowRanges();
+    form_->Show({TestPlace::TotalRange, 0, 0});
 }
 
 void AnalysisTab::GoTo(const TestPlace& place) {
     ListTotalAnalysis_->Choose(place.SubIndex);
-    ListTotalAnalysis_Click();
+    form_->Show(place);
     FocusToTypeOver(*txtTotLow_);
 }
 
+void AnalysisTab::ShowTyped(const TypedEntry& typed) {
+    ListTotalAnalysis_->Choose(typed.Place.SubIndex);
+    form_->ShowTyped(typed);
+}
+
 void AnalysisTab::CmdTotalAdd_Click(int index) {
-    const int r = ListTotalAnalysis_->Chosen();
-    // The entries shown may be those of a test that the document doesn't hold any more.
-    if (index != Add && r > Test().TotalRangeCount)
-        return RefreshFromTest();
+    const int r = form_->Number();
     if (index == Delete) {
         DeleteTotalRange(Test(), r);
-    } else {
-        // The button is enabled only with both bounds numbers.
-        const int low = txtTotLow_->Number().value();
-        const int high = txtTotHigh_->Number().value();
-        if (index == Edit) {
-            EditTotalRange(Test(), r, low, high, txtTotText_->Text());
-        } else if (const Result result = AddTotalRange(Test(), low, high, txtTotText_->Text()); !result) {
-            Parts().Boxes.Inform(result.Message());
-            return;
-        }
+        Q_EMIT Changed();
+    } else if (!(index == Add ? form_->Add(Parts().Boxes) : form_->Store(Parts().Boxes))) {
+        return;
     }
+    // None is chosen then, and the boxes are ready for the next one.
     ShowRanges();
-    if (index == Delete && ListTotalAnalysis_->count() > 0) {
+    form_->TakeAsStored({TestPlace::TotalRange, 0, 0});
+    EnableButtons();
+    if (index == Delete && ListTotalAnalysis_->count() > 0)
         ListTotalAnalysis_->setFocus(Qt::OtherFocusReason);
-    } else {
-        txtTotText_->selectAll();
-        txtTotHigh_->selectAll();
-        FocusToTypeOver(*txtTotLow_);
-    }
-    Q_EMIT Changed();
+    else
+        form_->FocusToTypeOver();
 }
 
 void AnalysisTab::ListTotalAnalysis_Click() {
-    if (const int r = ListTotalAnalysis_->Chosen(); r > 0) {
-        txtTotLow_->setText(QString::number(Test().TotalRangeLow(r)));
-        txtTotHigh_->setText(QString::number(Test().TotalRangeHigh(r)));
-        txtTotText_->SetText(Test().TotalRangeText(r));
-    }
+    const int r = ListTotalAnalysis_->Chosen();
+    if (!Settle())
+        return ListTotalAnalysis_->Choose(form_->Number());
+    if (r > 0)
+        form_->Show({TestPlace::TotalRange, 0, r});
+    else
+        form_->TakeAsStored({TestPlace::TotalRange, 0, 0});
     EnableButtons();
+}
+
+void AnalysisTab::TakeStored(const TestPlace& place, bool added) {
+    const QString item = TotalRangeItem(Test(), place.SubIndex);
+    if (added)
+        ListTotalAnalysis_->AppendEntry(item);
+    else
+        ListTotalAnalysis_->SetEntry(place.SubIndex, item);
+    Q_EMIT Changed();
 }
 
 void AnalysisTab::ShowRanges() {
@@ -100,11 +105,10 @@ void AnalysisTab::ShowRanges() {
     for (int r = 1; r <= Test().TotalRangeCount; ++r)
         ranges.append(TotalRangeItem(Test(), r));
     ListTotalAnalysis_->SetEntries(ranges);
-    EnableButtons();
 }
 
 void AnalysisTab::EnableButtons() {
-    const bool range = ListTotalAnalysis_->Chosen() > 0;
+    const bool range = form_->Number() > 0;
     const bool complete = !txtTotText_->document()->isEmpty() && txtTotLow_->Number() && txtTotHigh_->Number();
     CmdTotalAdd_(Add)->setEnabled(complete);
     CmdTotalAdd_(Edit)->setEnabled(complete && range);

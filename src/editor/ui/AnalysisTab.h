@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ui/BoxForm.h"
 #include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
 #include "editor/ui/EntryList.h"
@@ -16,6 +17,8 @@ class AnalysisTab : public EditorTab {
     void RefreshFromTest() override;
     /// TotalRange.
     void GoTo(const TestPlace& place) override;
+    std::vector<EntryForm*> Forms() override { return {form_}; }
+    void ShowTyped(const TypedEntry& typed) override;
 
   private:
     /// The places of CmdTotalAdd.
@@ -24,6 +27,7 @@ class AnalysisTab : public EditorTab {
     void MakeControls();
     void CmdTotalAdd_Click(int index);
     void ListTotalAnalysis_Click();
+    void TakeStored(const TestPlace& place, bool added);
     void ShowRanges();
     void EnableButtons();
 
@@ -31,5 +35,6 @@ class AnalysisTab : public EditorTab {
     NumberBox* txtTotHigh_ = nullptr;
     TextBox* txtTotText_ = nullptr;
     EntryList* ListTotalAnalysis_ = nullptr;
+    BoxForm* form_ = nullptr;
     ButtonArray CmdTotalAdd_;
 };

@@ -43,17 +43,25 @@ AnswerFrame::AnswerFrame(TestDocument& test, Prompts& boxes)
     SetRoom(*column, 2, 1);
     txtanswer_ = Named(new TextBox(TextBox::Form::OneParagraph, 2), QStringLiteral("txtanswer"));
     txtanswer_->setAccessibleName(QStringLiteral("Text of the answer"));
-    connect(txtanswer_, &TextBox::Edited, this, &AnswerFrame::UpdateButtons);
     column->addWidget(txtanswer_, 1);
     column->addLayout(MakeValueRow());
     column->addSpacing(GridUnit);
     column->addLayout(MakeButtonRow());
+
+    form_ = new BoxForm(test_, TestPlace::Answer, {txtanswer_, txtAnswerVal_});
+    form_->setParent(this);
+    connect(form_, &BoxForm::ContentsChanged, this, &AnswerFrame::UpdateButtons);
+    connect(form_, &BoxForm::Edited, this, &AnswerFrame::Typed);
+    connect(form_, &BoxForm::StoredInTest, this, [this] {
+        ShowCaption();
+        UpdateButtons();
+        Q_EMIT Changed();
+    });
 }
 
 QLayout* AnswerFrame::MakeValueRow() {
     txtAnswerVal_ = Named(new NumberBox(boxes_), QStringLiteral("txtAnswerVal"));
     txtAnswerVal_->setFixedWidth(14 * GridUnit);
-    connect(txtAnswerVal_, &NumberBox::textChanged, this, &AnswerFrame::UpdateButtons);
     auto* label = new QLabel(QStringLiteral("Value of answer if selected:"));
     label->setBuddy(txtAnswerVal_);
     auto* row = new QHBoxLayout;
@@ -86,9 +94,16 @@ QLayout* AnswerFrame::MakeButtonRow() {
 }
 
 void AnswerFrame::ShowQuestion(int question, int type) {
-    question_ = question;
-    answer_ = qMin(1, OwnAnswerCount(test_, question));
+    form_->Show({TestPlace::Answer, question, 0});
     ShowType(type);
+}
+
+void AnswerFrame::TakeQuestion(int question, int type) {
+    if (!form_->IsChanged())
+        return ShowQuestion(question, type);
+    form_->TakeAsTyped({TestPlace::Answer, question, 0});
+    ShowCaption();
+    UpdateButtons();
 }
 
 void AnswerFrame::ShowType(int type) {
@@ -98,95 +113,81 @@ void AnswerFrame::ShowType(int type) {
     txtAnswerVal_->setEnabled(HasAnswers());
     Frame6_->setVisible(HasAnswers());
     CmdQuestNav_.SetEnabled(HasAnswers() && test_.QuestionCount > 0);
-    txtanswer_->setPlaceholderText(HasAnswers() && question_ == 0
+    const int question = form_->Place().Index;
+    txtanswer_->setPlaceholderText(HasAnswers() && question == 0
                                        ? QStringLiteral("Add the question first. Its answers come after it.")
                                        : QString());
-    if (HasAnswers())
-        ShowAnswer();
-    else
-        SetBoxes(QString(), QString());
+    ShowAnswer(HasAnswers() ? qMin(1, OwnAnswerCount(test_, question)) : 0);
 }
 
 bool AnswerFrame::HasAnswers() const { return type_ == Multichoice; }
 
-void AnswerFrame::ShowAnswer() {
-    setTitle(AnswerCaption(test_, question_, answer_));
-    if (answer_ == 0)
-        SetBoxes(QString(), QString());
-    else
-        SetBoxes(test_.AnswerText(question_, answer_), test_.AnswerValue(question_, answer_).Text());
+void AnswerFrame::ShowAnswer(int answer) {
+    form_->Show({TestPlace::Answer, form_->Place().Index, answer});
+    ShowCaption();
 }
 
-void AnswerFrame::SetBoxes(const QString& text, const QString& value) {
-    txtanswer_->SetText(text);
-    txtAnswerVal_->setText(value);
-    txtAnswerVal_->setCursorPosition(0);
-    UpdateButtons();
+void AnswerFrame::ShowCaption() {
+    if (HasAnswers())
+        setTitle(AnswerCaption(test_, form_->Place().Index, form_->Number()));
 }
 
-void AnswerFrame::Clear() { SetBoxes(QString(), QStringLiteral("0")); }
+void AnswerFrame::Clear() {
+    EntryBoxes boxes;
+    boxes.Number = QStringLiteral("0");
+    form_->Show({TestPlace::Answer, form_->Place().Index, 0}, boxes);
+}
+
+void AnswerFrame::ShowTyped(const TypedEntry& typed) {
+    if (!HasAnswers())
+        ShowType(Multichoice);
+    form_->ShowTyped(typed);
+    ShowCaption();
+}
 
 void AnswerFrame::GoTo(int answer) {
-    answer_ = answer;
-    ShowAnswer();
-    FocusText();
+    ShowAnswer(answer);
+    form_->FocusToTypeOver();
 }
 
 void AnswerFrame::UpdateButtons() {
     const bool valueFits = txtAnswerVal_->text().isEmpty() || txtAnswerVal_->Number();
-    CmdQuestion_(AddButton)->setEnabled(question_ > 0 && !txtanswer_->document()->isEmpty() && valueFits);
-    CmdQuestion_(EditButton)->setEnabled(answer_ > 0 && valueFits);
-    CmdQuestion_(DeleteButton)->setEnabled(answer_ > 0);
-}
-
-void AnswerFrame::FocusText() {
-    txtanswer_->setFocus(Qt::OtherFocusReason);
-    txtanswer_->selectAll();
+    CmdQuestion_(AddButton)->setEnabled(form_->Place().Index > 0 && !txtanswer_->document()->isEmpty() && valueFits);
+    CmdQuestion_(EditButton)->setEnabled(form_->Number() > 0 && valueFits);
+    CmdQuestion_(DeleteButton)->setEnabled(form_->Number() > 0);
 }
 
 void AnswerFrame::CmdQuestion_Click(int index) {
-    if (index == AddButton)
-        AddTyped();
-    else if (index == EditButton)
-        EditShown();
-    else
+    if (index == AddButton) {
+        // The next one is typed over it.
+        if (form_->Add(boxes_))
+            form_->FocusToTypeOver();
+    } else if (index == EditButton) {
+        if (form_->Store(boxes_))
+            ShowAnswer(form_->Number());
+    } else {
         DeleteShown();
-}
-
-void AnswerFrame::AddTyped() {
-    if (const Result added = AddAnswer(test_, question_, txtanswer_->Text(), txtAnswerVal_->text()); !added)
-        return boxes_.Inform(added.Message());
-    answer_ = OwnAnswerCount(test_, question_);
-    ShowAnswer();
-    FocusText();
-    Q_EMIT Changed();
-}
-
-void AnswerFrame::EditShown() {
-    if (const Result edited = EditAnswer(test_, question_, answer_, txtanswer_->Text(), txtAnswerVal_->text()); !edited)
-        return boxes_.Inform(edited.Message());
-    ShowAnswer();
-    Q_EMIT Changed();
+    }
 }
 
 void AnswerFrame::DeleteShown() {
-    answer_ = DeleteAnswer(test_, question_, answer_);
-    ShowAnswer();
-    if (answer_ == 0) {
+    const TestPlace place = form_->Place();
+    const int answer = DeleteAnswer(test_, place.Index, place.SubIndex);
+    ShowAnswer(answer);
+    if (answer == 0) {
         Clear();
-        FocusText();
+        form_->FocusToTypeOver();
     }
     Q_EMIT Changed();
 }
 
 void AnswerFrame::CmdQuestNav_Click(int index) {
-    if (index == BackButton)
-        answer_ = AnswerBefore(test_, question_, answer_);
-    else if (index == ForwardButton)
-        answer_ = AnswerAfter(test_, question_, answer_);
-    else
-        answer_ = 0;
-    ShowAnswer();
+    if (!Settle())
+        return;
+    const TestPlace place = form_->Place();
+    ShowAnswer(index == BackButton      ? AnswerBefore(test_, place.Index, place.SubIndex)
+               : index == ForwardButton ? AnswerAfter(test_, place.Index, place.SubIndex)
+                                        : 0);
     if (index == ClearButton)
-        FocusText();
+        form_->FocusToTypeOver();
 }

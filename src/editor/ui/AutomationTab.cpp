@@ -32,4 +32,6 @@ void AutomationTab::RefreshFromTest() {
     Text1_->RefreshFromTest();
 }
 
-void AutomationTab::GoTo(const TestPlace&) { ChkReportOptions_.Box(DisableAllOptions)->setFocus(Qt::OtherFocusReason); }
+void AutomationTab::GoTo(const TestPlace& place) {
+    (place.What == TestPlace::ReportDirectory ? txtautosavedirectory0_ : Text1_)->FocusToTypeOver();
+}

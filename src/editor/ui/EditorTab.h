@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/EntryForm.h"
 #include "platform/FileChooser.h"
 #include "platform/Prompts.h"
 #include "settings/Settings.h"
@@ -23,14 +24,25 @@ class EditorTab : public QWidget {
   public:
     explicit EditorTab(const EditorParts& parts) : parts_(parts) {}
 
-    /// Copies the document into the controls. Changes nothing in the document and sends no signal.
+    /// Begins anew with the document: nothing of an earlier one stays. Changes nothing in the document and sends no
+    /// signal.
     virtual void RefreshFromTest() = 0;
     /// Shows the element and puts the focus on it. It is one of this page's, and exists.
     virtual void GoTo(const TestPlace& place) = 0;
 
+    /// The forms of this page whose contents only a button or moving on puts into the document, an entry before those
+    /// that belong to it.
+    virtual std::vector<EntryForm*> Forms() { return {}; }
+    /// Before the page shows something else or is left: false when something typed is to stay in its box.
+    bool Settle() { return SettleAll(Forms(), parts_.Boxes); }
+    /// Shows a typed entry of this page in its boxes again.
+    virtual void ShowTyped(const TypedEntry&) {}
+
   Q_SIGNALS:
     /// The person changed something in the document.
     void Changed();
+    /// The person changed something in the boxes, which isn't in the document.
+    void Typed();
 
   protected:
     TestDocument& Test() { return parts_.Test; }

@@ -3,6 +3,7 @@
 #include "editor/ui/EditorTabAccess.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QStyleOptionTab>
 
 EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabBar(parent) {
@@ -24,6 +25,13 @@ void EditorTabStrip::ShowNone() {
     update();
 }
 
+void EditorTabStrip::Show(int index) {
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(index);
+    noneChosen_ = false;
+    update();
+}
+
 void EditorTabStrip::Choose(int index) {
     if (index == currentIndex())
         TakeChoice(index);
@@ -42,10 +50,13 @@ void EditorTabStrip::keyPressEvent(QKeyEvent* event) {
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (chooses && currentIndex() >= 0)
         return TakeChoice(currentIndex());
+    walking_ = true;
     // With no tab chosen yet, the strip's own keys would pass over the first one.
     if (noneYet_ && count() > 0 && event->key() == Qt::Key_Right)
-        return TakeChoice(currentIndex());
-    QTabBar::keyPressEvent(event);
+        TakeChoice(currentIndex());
+    else
+        QTabBar::keyPressEvent(event);
+    walking_ = false;
 }
 
 void EditorTabStrip::initStyleOption(QStyleOptionTab* option, int tabIndex) const {

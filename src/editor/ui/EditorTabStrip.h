@@ -11,6 +11,10 @@ class EditorTabStrip : public QTabBar {
 
     /// Shows none as chosen, until the next one is.
     void ShowNone();
+    /// Shows that tab as chosen, without a signal: the page is to stay.
+    void Show(int index);
+    /// Whether the arrow keys are choosing, which go on through the tabs.
+    bool IsWalking() const { return walking_; }
     /// The tab behind the one last chosen (step 1) or before it (-1), round the ends; the first or last one where none
     /// was chosen yet.
     int NextTab(int step) const;
@@ -29,6 +33,7 @@ class EditorTabStrip : public QTabBar {
   private:
     void TakeChoice(int index);
 
+    bool walking_ = false;
     bool noneChosen_ = true;
     bool noneYet_ = true;
 };

@@ -50,10 +50,12 @@ void EntryList::SetEntries(const QStringList& entries) {
     addItems(entries);
 }
 
-void EntryList::AppendEntry(const QString& entry) {
+void EntryList::AppendEntry(const QString& text) {
     const QSignalBlocker quiet(this);
-    addItem(entry);
+    addItem(text);
 }
+
+void EntryList::SetEntry(int entry, const QString& text) { item(entry - 1)->setText(text); }
 
 void EntryList::Choose(int entry) {
     const QSignalBlocker quiet(this);

@@ -11,9 +11,10 @@ class EntryList : public QListWidget {
     /// As high as so many lines at least.
     explicit EntryList(int visibleLines, QWidget* parent = nullptr);
 
-    /// Replaces the entries; none is chosen then. Sends no signal, as the two below.
+    /// Replaces the entries; none is chosen then. Sends no signal, as the three below.
     void SetEntries(const QStringList& entries);
-    void AppendEntry(const QString& entry);
+    void AppendEntry(const QString& text);
+    void SetEntry(int entry, const QString& text);
     /// entry: 1 to count(), 0 for none.
     void Choose(int entry);
 

@@ -67,6 +67,6 @@ void ExportTab::RefreshFromTest() {
     txtautosavedirectory2_->RefreshFromTest();
 }
 
-void ExportTab::GoTo(const TestPlace&) {
-    ChkReportOptions_.Box(OpenExcelReportWhenCompleted)->setFocus(Qt::OtherFocusReason);
+void ExportTab::GoTo(const TestPlace& place) {
+    (place.What == TestPlace::ExcelDirectory ? txtautosavedirectory1_ : txtautosavedirectory2_)->FocusToTypeOver();
 }

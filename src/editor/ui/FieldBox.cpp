@@ -20,6 +20,11 @@ void FieldBox::Put(const QString& text) {
     Take(text);
 }
 
+void FieldBox::FocusToTypeOver() {
+    setFocus(Qt::OtherFocusReason);
+    selectAll();
+}
+
 void FieldBox::Take(const QString& text) {
     field_ = text;
     Q_EMIT Changed();

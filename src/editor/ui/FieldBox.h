@@ -19,6 +19,8 @@ class FieldBox : public QLineEdit {
     /// Puts a text that the person has chosen elsewhere into box and field.
     void Put(const QString& text);
 
+    void FocusToTypeOver();
+
   Q_SIGNALS:
     /// The person changed the field.
     void Changed();

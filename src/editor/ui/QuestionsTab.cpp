@@ -1,5 +1,7 @@
 #include "editor/ui/QuestionsTab.h"
 
+#include "editor/EntryEdits.h"
+#include "editor/QuestionEdits.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 
@@ -52,6 +54,8 @@ QuestionsTab::QuestionsTab(const EditorParts& parts)
     column->addWidget(MakeQuestionFrame(), 3);
     FrameAnswer_ = new AnswerFrame(Test(), Parts().Boxes);
     connect(FrameAnswer_, &AnswerFrame::Changed, this, &QuestionsTab::Changed);
+    connect(FrameAnswer_, &AnswerFrame::Typed, this, &QuestionsTab::Typed);
+    MakeForm();
     column->addWidget(FrameAnswer_, 2);
     RefreshFromTest();
 }
@@ -60,7 +64,6 @@ QWidget* QuestionsTab::MakeQuestionFrame() {
     FrmQuestion_ = Named(new QGroupBox(QStringLiteral("Question")), QStringLiteral("FrmQuestion"));
     txtQuestion_ = Named(new TextBox(TextBox::Form::OneParagraph, 3), QStringLiteral("txtQuestion"));
     txtQuestion_->setAccessibleName(QStringLiteral("Text of the question"));
-    connect(txtQuestion_, &TextBox::Edited, this, &QuestionsTab::UpdateButtons);
     types_ = new QuestionTypeButtons;
     connect(types_, &QuestionTypeButtons::ChkQType_Click, this, &QuestionsTab::ChkQType_Click);
 
@@ -103,86 +106,117 @@ QLayout* QuestionsTab::MakeButtonRow() {
     return row;
 }
 
+void QuestionsTab::MakeForm() {
+    form_ = new BoxForm(Test(), TestPlace::Question,
+                        {.Text = txtQuestion_,
+                         .ReadMore =
+                             [this](EntryBoxes& boxes) {
+                                 boxes.Type = type_;
+                                 if (const int chosen = QuestionSS_->currentIndex(); chosen >= 0)
+                                     boxes.Subscale = chosen;
+                             },
+                         .ShowMore =
+                             [this](const EntryBoxes& boxes) {
+                                 type_ = boxes.Type;
+                                 types_->Show(type_);
+                                 QuestionSS_->setCurrentIndex(boxes.Subscale.value_or(-1));
+                             }});
+    form_->setParent(this);
+    connect(QuestionSS_, &QComboBox::activated, form_, &BoxForm::NoteOtherEdit);
+    connect(form_, &BoxForm::ContentsChanged, this, &QuestionsTab::UpdateButtons);
+    connect(form_, &BoxForm::Edited, this, &QuestionsTab::Typed);
+    connect(form_, &BoxForm::StoredInTest, this, &QuestionsTab::TakeStored);
+}
+
+// An answer waits for a question that isn't there yet.
+std::vector<EntryForm*> QuestionsTab::Forms() {
+    if (FrameAnswer_->Form().Place().Index == 0)
+        return {form_, &FrameAnswer_->Form()};
+    return {&FrameAnswer_->Form(), form_};
+}
+
 void QuestionsTab::RefreshFromTest() {
+    type_ = Multichoice;
     FillSubscales(QStringLiteral("<none>"));
-    ShowQuestion();
+    ShowLastQuestion();
 }
 
 void QuestionsTab::GoTo(const TestPlace& place) {
-    current_ = place.Index;
-    ShowQuestion();
+    ShowQuestion(place.Index);
     if (place.What == TestPlace::Answer && FrameAnswer_->HasAnswers())
         FrameAnswer_->GoTo(place.SubIndex);
     else
-        FocusText();
+        form_->FocusToTypeOver();
 }
 
-void QuestionsTab::ShowLastQuestion() {
-    current_ = Test().QuestionCount;
-    ShowQuestion();
+void QuestionsTab::ShowTyped(const TypedEntry& typed) {
+    const TestPlace& place = typed.Place;
+    if (place.What == TestPlace::Question || place.Index != CurrentQuestion())
+        ShowQuestion(place.Index);
+    if (place.What == TestPlace::Answer)
+        return FrameAnswer_->ShowTyped(typed);
+    form_->ShowTyped(typed);
+    FrameAnswer_->ShowType(type_);
 }
 
-void QuestionsTab::ShowQuestion() {
-    const TestDocument& test = Test();
-    current_ = qBound(0, current_, test.QuestionCount);
-    FrmQuestion_->setTitle(QuestionCaption(test, current_));
-    txtQuestion_->SetText(current_ == 0 ? QString() : test.QuestionText(current_));
-    FillSubscales(QuestionSS_->itemText(0));
-    // A number that no sub-scale has leaves nothing chosen, so that it isn't lost.
-    const int subscale = current_ == 0 ? 0 : test.QuestionSubscale(current_);
-    QuestionSS_->setCurrentIndex(subscale >= 0 && subscale <= test.SubscaleCount ? subscale : -1);
-    type_ = TypeToShow();
-    types_->SetTemplateEnabled(test.TemplateAnswerCount > 0);
-    types_->Show(type_);
-    FrameAnswer_->ShowQuestion(current_, type_);
+void QuestionsTab::ShowLastQuestion() { ShowQuestion(Test().QuestionCount); }
+
+void QuestionsTab::ShowQuestion(int q) {
+    q = qBound(0, q, Test().QuestionCount);
+    ShowQuestionBoxes(q);
+    FrameAnswer_->ShowQuestion(q, type_);
     UpdateButtons();
 }
 
+void QuestionsTab::ShowQuestionBoxes(int q) {
+    FrmQuestion_->setTitle(QuestionCaption(Test(), q));
+    FillSubscales(QuestionSS_->itemText(0));
+    types_->SetTemplateEnabled(Test().TemplateAnswerCount > 0);
+    const TestPlace place{TestPlace::Question, q, 0};
+    EntryBoxes boxes = StoredBoxes(Test(), place);
+    if (q == 0)
+        boxes.Type = TypeOfNew();
+    form_->Show(place, boxes);
+}
+
 /// A new question begins with the type that was chosen last, as far as it can be chosen.
-int QuestionsTab::TypeToShow() const {
-    const TestDocument& test = Parts().Test;
-    if (current_ > 0)
-        return test.QuestionType(current_);
+int QuestionsTab::TypeOfNew() const {
     const bool chosen = type_ > TypeUnset && type_ <= LongAnswer;
-    return chosen || (type_ == TypeUnset && test.TemplateAnswerCount > 0) ? type_ : int(Multichoice);
+    return chosen || (type_ == TypeUnset && Parts().Test.TemplateAnswerCount > 0) ? type_ : int(Multichoice);
 }
 
 void QuestionsTab::FillSubscales(const QString& none) {
     const QStringList items = SubscaleItems(Test(), none);
     if (Items(*QuestionSS_) == items)
         return;
+    const bool typed = form_->IsChanged();
     const int before = QuestionSS_->currentIndex();
     const QString chosen = QuestionSS_->currentText();
     QuestionSS_->clear();
     QuestionSS_->addItems(items);
     const bool moved = before > 0 && items.value(before) != chosen;
     QuestionSS_->setCurrentIndex(moved ? qMax(0, static_cast<int>(items.indexOf(chosen, 1))) : before);
+    if (!typed)
+        form_->TakeAsStored(form_->Place());
 }
 
 void QuestionsTab::UpdateButtons() {
     const bool typed = !txtQuestion_->document()->isEmpty();
     CmdQuestion_(AddButton)->setEnabled(typed);
-    CmdQuestion_(EditButton)->setEnabled(typed && current_ > 0);
-    CmdQuestion_(DeleteButton)->setEnabled(current_ > 0);
+    CmdQuestion_(EditButton)->setEnabled(typed && CurrentQuestion() > 0);
+    CmdQuestion_(DeleteButton)->setEnabled(CurrentQuestion() > 0);
     CmdQuestNav_.SetEnabled(Test().QuestionCount > 0);
-}
-
-QuestionBoxes QuestionsTab::Boxes() const {
-    const int chosen = QuestionSS_->currentIndex();
-    return {txtQuestion_->Text(), chosen < 0 ? std::nullopt : std::optional<int>(chosen), type_};
-}
-
-void QuestionsTab::FocusText() {
-    txtQuestion_->setFocus(Qt::OtherFocusReason);
-    txtQuestion_->selectAll();
 }
 
 void QuestionsTab::ChkQType_Click(int type) {
     // The one chosen already leaves alone what is typed for an answer.
     if (type == type_)
         return;
+    if (!FrameAnswer_->Settle())
+        return types_->Show(type_);
     type_ = type;
     FrameAnswer_->ShowType(type);
+    form_->NoteOtherEdit();
 }
 
 void QuestionsTab::CmdQuestion_Click(int index) {
@@ -195,35 +229,45 @@ void QuestionsTab::CmdQuestion_Click(int index) {
 }
 
 void QuestionsTab::AddTyped() {
-    if (const Result added = AddQuestion(Test(), current_, Boxes()); !added)
-        return Parts().Boxes.Inform(added.Message());
-    ShowLastQuestion();
-    FocusText();
-    Q_EMIT Changed();
+    if (CurrentQuestion() > 0 && !FrameAnswer_->Settle())
+        return;
+    // The next one is typed over it.
+    if (form_->Add(Parts().Boxes))
+        form_->FocusToTypeOver();
 }
 
 void QuestionsTab::EditShown() {
-    if (const Result edited = EditQuestion(Test(), current_, Boxes()); !edited)
-        return Parts().Boxes.Inform(edited.Message());
-    ShowQuestion();
-    Q_EMIT Changed();
+    if (FrameAnswer_->Settle() && form_->Store(Parts().Boxes))
+        ShowQuestion();
 }
 
 void QuestionsTab::DeleteShown() {
-    current_ = DeleteQuestion(Test(), current_);
-    ShowQuestion();
-    if (current_ == 0)
-        FocusText();
+    ShowQuestion(DeleteQuestion(Test(), CurrentQuestion()));
+    if (CurrentQuestion() == 0)
+        form_->FocusToTypeOver();
+    Q_EMIT Changed();
+}
+
+void QuestionsTab::TakeStored(const TestPlace& place, bool added) {
+    if (added) {
+        ShowQuestionBoxes(place.Index);
+        FrameAnswer_->TakeQuestion(place.Index, type_);
+    } else {
+        FrameAnswer_->TakeType(type_);
+    }
+    UpdateButtons();
     Q_EMIT Changed();
 }
 
 void QuestionsTab::CmdQuestNav_Click(int index) {
+    if (!Settle())
+        return;
+    const int q = CurrentQuestion();
+    ShowQuestion(index == BackButton      ? QuestionBefore(Test(), q)
+                 : index == ForwardButton ? QuestionAfter(Test(), q)
+                                          : 0);
     if (index == ClearButton) {
-        current_ = 0;
-        ShowQuestion();
         FrameAnswer_->Clear();
-        return FocusText();
+        form_->FocusToTypeOver();
     }
-    current_ = index == BackButton ? QuestionBefore(Test(), current_) : QuestionAfter(Test(), current_);
-    ShowQuestion();
 }

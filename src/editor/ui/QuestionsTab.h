@@ -15,15 +15,17 @@ class QuestionsTab : public EditorTab {
   public:
     explicit QuestionsTab(const EditorParts& parts);
 
-    /// The current question stays the current one as far as it exists.
+    /// Shows the last question; a new one begins as multichoice.
     void RefreshFromTest() override;
     void GoTo(const TestPlace& place) override;
+    std::vector<EntryForm*> Forms() override;
+    void ShowTyped(const TypedEntry& typed) override;
 
     /// Shows the current question as it is in the document; what was typed and not added is dropped.
-    void ShowQuestion();
+    void ShowQuestion() { ShowQuestion(CurrentQuestion()); }
     void ShowLastQuestion();
     /// 1 to QuestionCount, 0 for a new question.
-    int CurrentQuestion() const { return current_; }
+    int CurrentQuestion() const { return form_->Number(); }
     /// Fills the list of sub-scales, with none as its first item; what is chosen there stays, as far as it exists.
     void FillSubscales(const QString& none);
 
@@ -32,19 +34,21 @@ class QuestionsTab : public EditorTab {
     QLayout* MakeSubscaleRow();
     QLayout* MakeButtonRow();
 
-    int TypeToShow() const;
+    void MakeForm();
+
+    void ShowQuestion(int q);
+    void ShowQuestionBoxes(int q);
+    int TypeOfNew() const;
     void UpdateButtons();
-    QuestionBoxes Boxes() const;
-    void FocusText();
 
     void ChkQType_Click(int type);
     void CmdQuestion_Click(int index);
     void AddTyped();
     void EditShown();
     void DeleteShown();
+    void TakeStored(const TestPlace& place, bool added);
     void CmdQuestNav_Click(int index);
 
-    int current_ = 0;
     int type_ = Multichoice;
 
     QGroupBox* FrmQuestion_ = nullptr;
@@ -52,6 +56,7 @@ class QuestionsTab : public EditorTab {
     QuestionTypeButtons* types_ = nullptr;
     QComboBox* QuestionSS_ = nullptr;
     AnswerFrame* FrameAnswer_ = nullptr;
+    BoxForm* form_ = nullptr;
     /// Add, Delete and Edit are 0 to 2; Back and Foward are 0 and 1, and Clear is 4.
     ButtonArray CmdQuestion_;
     ButtonArray CmdQuestNav_;

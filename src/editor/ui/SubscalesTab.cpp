@@ -26,6 +26,7 @@ SubscalesTab::SubscalesTab(const EditorParts& parts)
     : EditorTab(parts),
       CmdSubScaleAdd_(QStringLiteral("CmdSubScaleAdd"), [this](int index) { CmdSubScaleAdd_Click(index); }) {
     MakeControls();
+    MakeForms();
     auto* column = new QVBoxLayout(this);
     SetRoom(*column, 2, 2);
     column->addWidget(MakeNameFrame(), 2);
@@ -50,9 +51,6 @@ void SubscalesTab::MakeControls() {
         const QString what = ofNames ? QStringLiteral(" sub-scale") : QStringLiteral(" range");
         CmdSubScaleAdd_.Make(i, captions[i], captions[i] + what);
     }
-    for (const QLineEdit* box : {txtSubScale_, txtSubScaleSigLow_, txtSubScaleSigHigh_})
-        connect(box, &QLineEdit::textChanged, this, &SubscalesTab::EnableButtons);
-    connect(txtSubScaleSig_, &TextBox::Edited, this, &SubscalesTab::EnableButtons);
     connect(ListSubScale_, &EntryList::ChoiceChanged, this, &SubscalesTab::ListSubScale_Click);
     connect(ListSubScaleSig_, &EntryList::ChoiceChanged, this, &SubscalesTab::ListSubScaleSig_Click);
 }
@@ -85,78 +83,96 @@ QGroupBox* SubscalesTab::MakeAnalysisFrame() {
                            ListSubScaleSig_});
 }
 
+void SubscalesTab::MakeForms() {
+    names_ = new BoxForm(Test(), TestPlace::Subscale, {txtSubScale_});
+    ranges_ = new BoxForm(Test(), TestPlace::SubscaleRange, {txtSubScaleSig_, txtSubScaleSigLow_, txtSubScaleSigHigh_});
+    for (BoxForm* form : {names_, ranges_}) {
+        form->setParent(this);
+        connect(form, &BoxForm::ContentsChanged, this, &SubscalesTab::EnableButtons);
+        connect(form, &BoxForm::Edited, this, &SubscalesTab::Typed);
+    }
+    connect(names_, &BoxForm::StoredInTest, this, &SubscalesTab::TakeStoredName);
+    connect(ranges_, &BoxForm::StoredInTest, this, &SubscalesTab::TakeStoredRange);
+}
+
+// A range waits for a sub-scale that isn't there yet.
+std::vector<EntryForm*> SubscalesTab::Forms() {
+    if (ranges_->Place().Index == 0)
+        return {names_, ranges_};
+    return {ranges_, names_};
+}
+
 void SubscalesTab::RefreshFromTest() {
-    txtSubScale_->clear();
     ShowNames();
-    ShowRanges();
+    ShowSubscale(0);
 }
 
 void SubscalesTab::GoTo(const TestPlace& place) {
     ListSubScale_->Choose(place.Index);
-    ListSubScale_Click();
+    ShowSubscale(place.Index);
     if (place.What != TestPlace::SubscaleRange) {
         FocusToTypeOver(*txtSubScale_);
         return;
     }
     ListSubScaleSig_->Choose(place.SubIndex);
-    ListSubScaleSig_Click();
+    ShowRange(place.SubIndex);
     FocusToTypeOver(*txtSubScaleSigLow_);
+}
+
+void SubscalesTab::ShowTyped(const TypedEntry& typed) {
+    const TestPlace& place = typed.Place;
+    if (place.What == TestPlace::Subscale || place.Index != names_->Number()) {
+        ListSubScale_->Choose(place.Index);
+        ShowSubscale(place.Index);
+    }
+    if (place.What == TestPlace::Subscale)
+        return names_->ShowTyped(typed);
+    ListSubScaleSig_->Choose(place.SubIndex);
+    ranges_->ShowTyped(typed);
 }
 
 void SubscalesTab::CmdSubScaleAdd_Click(int index) {
     const auto action = static_cast<Action>(index);
-    // The entries shown may be those of a test that the document doesn't hold any more.
-    if (ListSubScale_->count() != Test().SubscaleCount) {
-        ShowNames();
-        if (action != Add)
-            return RefreshFromTest();
-    }
-    if (const Result result = Perform(action); !result) {
-        Parts().Boxes.Inform(result.Message());
+    if (!Perform(action))
         return;
-    }
-    ShowRanges();
     FocusAfter(action);
-    if (action != ClearRange)
-        Q_EMIT Changed();
-    Q_EMIT SubscalesChanged();
+    if (action != Add && action != Edit)
+        Q_EMIT SubscalesChanged();
 }
 
-Result SubscalesTab::Perform(Action action) {
-    const int s = ListSubScale_->Chosen();
-    const int r = ListSubScaleSig_->Chosen();
+// A range that was typed before there was a sub-scale for it goes with the one that is added.
+bool SubscalesTab::Perform(Action action) {
+    Prompts& prompts = Parts().Boxes;
     switch (action) {
     case Add:
-        return AddNamed();
+        return (names_->Number() == 0 || ranges_->Settle(prompts)) && names_->Add(prompts);
     case Edit:
-        RenameSubscale(Test(), s, txtSubScale_->text());
-        ListSubScale_->item(s - 1)->setText(txtSubScale_->text());
-        break;
+        return names_->Store(prompts);
     case Delete:
-        DeleteSubscale(Test(), s);
+        DeleteSubscale(Test(), names_->Number());
         ShowNames();
+        names_->TakeAsStored({TestPlace::Subscale, 0, 0});
         break;
     case AddRange:
-        return AddSubscaleRange(Test(), s, TypedRange());
+        if (!ranges_->Add(prompts))
+            return false;
+        break;
     case EditRange:
-        EditSubscaleRange(Test(), s, r, TypedRange());
+        if (!ranges_->Store(prompts))
+            return false;
         break;
     case DeleteRange:
-        DeleteSubscaleRange(Test(), s, r);
+        DeleteSubscaleRange(Test(), names_->Number(), ranges_->Number());
         break;
     case ClearRange:
+        if (!ranges_->Settle(prompts))
+            return false;
         break;
     }
-    return Result::Done();
-}
-
-Result SubscalesTab::AddNamed() {
-    const Result result = AddSubscale(Test(), txtSubScale_->text());
-    if (result) {
-        ListSubScale_->AppendEntry(txtSubScale_->text());
-        ListSubScale_->Choose(Test().SubscaleCount);
-    }
-    return result;
+    ShowRanges();
+    if (action == Delete || action == DeleteRange)
+        Q_EMIT Changed();
+    return true;
 }
 
 // To where the person goes on: to the name or range that is typed next, and after a deletion to what is left.
@@ -172,18 +188,33 @@ void SubscalesTab::FocusAfter(Action action) {
 }
 
 void SubscalesTab::ListSubScale_Click() {
-    if (const int s = ListSubScale_->Chosen(); s > 0)
-        txtSubScale_->setText(Test().SubscaleName(s));
-    ShowRanges();
+    const int s = ListSubScale_->Chosen();
+    const bool settled = Settle();
+    ListSubScale_->Choose(settled ? s : names_->Number());
+    if (settled)
+        ShowSubscale(s);
 }
 
 void SubscalesTab::ListSubScaleSig_Click() {
-    const int s = ListSubScale_->Chosen();
-    if (const int r = ListSubScaleSig_->Chosen(); r > 0) {
-        txtSubScaleSigLow_->setText(Test().SubscaleRangeLow(s, r).Text());
-        txtSubScaleSigHigh_->setText(Test().SubscaleRangeHigh(s, r).Text());
-        txtSubScaleSig_->SetText(Test().SubscaleRangeText(s, r));
-    }
+    const int r = ListSubScaleSig_->Chosen();
+    if (!ranges_->Settle(Parts().Boxes))
+        return ListSubScaleSig_->Choose(ranges_->Number());
+    ShowRange(r);
+}
+
+/// s: 0 for a new one.
+void SubscalesTab::ShowSubscale(int s) {
+    names_->Show({TestPlace::Subscale, s, 0});
+    ShowRanges();
+}
+
+/// r: 0 for a new one.
+void SubscalesTab::ShowRange(int r) {
+    const TestPlace place{TestPlace::SubscaleRange, names_->Number(), r};
+    if (r > 0)
+        ranges_->Show(place);
+    else
+        ranges_->TakeAsStored(place);
     EnableButtons();
 }
 
@@ -195,33 +226,52 @@ void SubscalesTab::ShowNames() {
 }
 
 void SubscalesTab::ShowRanges() {
-    txtSubScaleSigLow_->clear();
-    txtSubScaleSigHigh_->clear();
-    txtSubScaleSig_->SetText({});
-    QStringList ranges;
-    if (const int s = ListSubScale_->Chosen(); s > 0)
-        for (int r = 1; r <= Test().SubscaleRangeCount(s); ++r)
-            ranges.append(SubscaleRangeItem(Test(), s, r));
-    ListSubScaleSig_->SetEntries(ranges);
+    const int s = names_->Number();
+    QStringList items;
+    for (int r = 1; s > 0 && r <= Test().SubscaleRangeCount(s); ++r)
+        items.append(SubscaleRangeItem(Test(), s, r));
+    ListSubScaleSig_->SetEntries(items);
+    ranges_->Show({TestPlace::SubscaleRange, s, 0});
+}
+
+void SubscalesTab::TakeStoredName(const TestPlace& place, bool added) {
+    if (added) {
+        ListSubScale_->AppendEntry(txtSubScale_->text());
+        ListSubScale_->Choose(place.Index);
+        if (ranges_->IsChanged())
+            ranges_->TakeAsTyped({TestPlace::SubscaleRange, place.Index, 0});
+        else
+            ShowRanges();
+    } else {
+        ListSubScale_->SetEntry(place.Index, txtSubScale_->text());
+    }
     EnableButtons();
+    Q_EMIT Changed();
+    Q_EMIT SubscalesChanged();
+}
+
+void SubscalesTab::TakeStoredRange(const TestPlace& place, bool added) {
+    const QString item = SubscaleRangeItem(Test(), place.Index, place.SubIndex);
+    if (added)
+        ListSubScaleSig_->AppendEntry(item);
+    else
+        ListSubScaleSig_->SetEntry(place.SubIndex, item);
+    EnableButtons();
+    Q_EMIT Changed();
 }
 
 void SubscalesTab::EnableButtons() {
-    const bool subscale = ListSubScale_->Chosen() > 0;
+    const bool subscale = names_->Number() > 0;
     const bool name = !txtSubScale_->text().isEmpty();
     CmdSubScaleAdd_(Add)->setEnabled(name);
     CmdSubScaleAdd_(Edit)->setEnabled(name && subscale);
     CmdSubScaleAdd_(Delete)->setEnabled(subscale);
 
-    const bool range = ListSubScaleSig_->Chosen() > 0;
+    const bool range = ranges_->Number() > 0;
     const int filled = !txtSubScaleSigLow_->text().isEmpty() + !txtSubScaleSigHigh_->text().isEmpty() +
                        !txtSubScaleSig_->document()->isEmpty();
     CmdSubScaleAdd_(AddRange)->setEnabled(subscale && filled == 3);
     CmdSubScaleAdd_(EditRange)->setEnabled(subscale && range && filled == 3);
     CmdSubScaleAdd_(DeleteRange)->setEnabled(range);
     CmdSubScaleAdd_(ClearRange)->setEnabled(filled > 0);
-}
-
-RangeBoxes SubscalesTab::TypedRange() const {
-    return {txtSubScaleSigLow_->text(), txtSubScaleSigHigh_->text(), txtSubScaleSig_->Text()};
 }

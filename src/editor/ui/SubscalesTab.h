@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/SubscaleEdits.h"
+#include "editor/ui/BoxForm.h"
 #include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
 #include "editor/ui/EntryList.h"
@@ -19,6 +20,8 @@ class SubscalesTab : public EditorTab {
     void RefreshFromTest() override;
     /// Subscale and SubscaleRange.
     void GoTo(const TestPlace& place) override;
+    std::vector<EntryForm*> Forms() override;
+    void ShowTyped(const TypedEntry& typed) override;
 
   Q_SIGNALS:
     /// A button has done its work: whoever lists the sub-scales lists them again.
@@ -32,17 +35,21 @@ class SubscalesTab : public EditorTab {
     QGroupBox* MakeNameFrame();
     QGroupBox* MakeAnalysisFrame();
 
+    void MakeForms();
+
     void CmdSubScaleAdd_Click(int index);
     void ListSubScale_Click();
     void ListSubScaleSig_Click();
 
-    Result Perform(Action action);
-    Result AddNamed();
+    bool Perform(Action action);
     void FocusAfter(Action action);
+    void ShowSubscale(int s);
+    void ShowRange(int r);
     void ShowNames();
     void ShowRanges();
+    void TakeStoredName(const TestPlace& place, bool added);
+    void TakeStoredRange(const TestPlace& place, bool added);
     void EnableButtons();
-    RangeBoxes TypedRange() const;
 
     QLineEdit* txtSubScale_ = nullptr;
     EntryList* ListSubScale_ = nullptr;
@@ -51,4 +58,6 @@ class SubscalesTab : public EditorTab {
     QLineEdit* txtSubScaleSigHigh_ = nullptr;
     TextBox* txtSubScaleSig_ = nullptr;
     EntryList* ListSubScaleSig_ = nullptr;
+    BoxForm* names_ = nullptr;
+    BoxForm* ranges_ = nullptr;
 };

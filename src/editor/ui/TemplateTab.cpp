@@ -8,7 +8,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace {
@@ -33,6 +32,11 @@ TemplateTab::TemplateTab(const EditorParts& parts)
     inside->addSpacing(GridUnit);
     inside->addLayout(MakeButtonRow());
     inside->addSpacing(GridUnit);
+    form_ = new BoxForm(Test(), TestPlace::TemplateAnswer, {txtTemplate_, txtValueTemplate_});
+    form_->setParent(this);
+    connect(form_, &BoxForm::ContentsChanged, this, &TemplateTab::UpdateButtons);
+    connect(form_, &BoxForm::Edited, this, &TemplateTab::Typed);
+    connect(form_, &BoxForm::StoredInTest, this, &TemplateTab::TakeStored);
     ListTemplate_ = Named(new EntryList(MaxAnswers), QStringLiteral("ListTemplate"));
     ListTemplate_->setAccessibleName(QStringLiteral("Answers of the template"));
     connect(ListTemplate_, &EntryList::ChoiceChanged, this, &TemplateTab::ListTemplate_Click);
@@ -48,10 +52,8 @@ QWidget* TemplateTab::MakeBoxes() {
     txtTemplate_ = Named(new TextBox(TextBox::Form::OneParagraph, 3), QStringLiteral("txtTemplate"));
     // The room is the list's.
     txtTemplate_->setFixedHeight(txtTemplate_->minimumHeight());
-    connect(txtTemplate_, &TextBox::Edited, this, &TemplateTab::UpdateButtons);
     txtValueTemplate_ = Named(new NumberBox(Parts().Boxes), QStringLiteral("txtValueTemplate"));
     txtValueTemplate_->setFixedWidth(14 * GridUnit);
-    connect(txtValueTemplate_, &NumberBox::textChanged, this, &TemplateTab::UpdateButtons);
 
     auto* boxes = new QWidget;
     boxes->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
@@ -76,59 +78,61 @@ QLayout* TemplateTab::MakeButtonRow() {
 }
 
 void TemplateTab::RefreshFromTest() {
-    EmptyBoxes();
     FillList();
+    form_->Show({TestPlace::TemplateAnswer, 0, 0});
 }
 
 void TemplateTab::GoTo(const TestPlace& place) {
-    ListTemplate_->setCurrentRow(place.SubIndex - 1);
-    txtTemplate_->setFocus(Qt::OtherFocusReason);
-    txtTemplate_->selectAll();
+    ListTemplate_->Choose(place.SubIndex);
+    form_->Show(place);
+    form_->FocusToTypeOver();
 }
 
-int TemplateTab::Selected() const {
-    const QList<QListWidgetItem*> selected = ListTemplate_->selectedItems();
-    return selected.isEmpty() ? 0 : ListTemplate_->row(selected.first()) + 1;
+void TemplateTab::ShowTyped(const TypedEntry& typed) {
+    ListTemplate_->Choose(typed.Place.SubIndex);
+    form_->ShowTyped(typed);
 }
 
 void TemplateTab::FillList() {
-    const QSignalBlocker quiet(ListTemplate_);
-    ListTemplate_->clear();
+    QStringList items;
     for (int i = 1; i <= Test().TemplateAnswerCount; ++i)
-        ListTemplate_->addItem(TemplateItem(Test(), i));
-    UpdateButtons();
-}
-
-void TemplateTab::EmptyBoxes() {
-    txtTemplate_->SetText(QString());
-    txtValueTemplate_->clear();
+        items.append(TemplateItem(Test(), i));
+    ListTemplate_->SetEntries(items);
 }
 
 void TemplateTab::UpdateButtons() {
     const bool complete = !txtTemplate_->document()->isEmpty() && txtValueTemplate_->Number();
+    const bool selected = form_->Number() > 0;
     Cmdtemplate_(AddButton)->setEnabled(complete);
-    Cmdtemplate_(EditButton)->setEnabled(complete && Selected() > 0);
-    Cmdtemplate_(DeleteButton)->setEnabled(Selected() > 0);
+    Cmdtemplate_(EditButton)->setEnabled(complete && selected);
+    Cmdtemplate_(DeleteButton)->setEnabled(selected);
 }
 
 void TemplateTab::ListTemplate_Click() {
-    if (const int i = Selected(); i > 0) {
-        txtTemplate_->SetText(Test().TemplateAnswerText(i));
-        txtValueTemplate_->setText(QString::number(Test().TemplateAnswerValue(i)));
-    }
+    const int i = ListTemplate_->Chosen();
+    if (!Settle())
+        return ListTemplate_->Choose(form_->Number());
+    if (i > 0)
+        form_->Show({TestPlace::TemplateAnswer, 0, i});
+    else
+        form_->TakeAsStored({TestPlace::TemplateAnswer, 0, 0});
     UpdateButtons();
 }
 
 void TemplateTab::Cmdtemplate_Click(int index) {
-    // The entries shown may be those of a test that the document doesn't hold any more.
-    if (index != AddButton && Selected() > Test().TemplateAnswerCount)
-        return RefreshFromTest();
     if (index == AddButton)
         AddTyped();
-    else if (index == EditButton)
-        EditSelected();
-    else
+    else if (index == DeleteButton)
         DeleteSelected();
+    else
+        (void)form_->Store(Parts().Boxes);
+}
+
+void TemplateTab::TakeStored(const TestPlace& place, bool added) {
+    if (added)
+        ListTemplate_->AppendEntry(TemplateItem(Test(), place.SubIndex));
+    else
+        ListTemplate_->SetEntry(place.SubIndex, TemplateItem(Test(), place.SubIndex));
     Q_EMIT Changed();
 }
 
@@ -137,23 +141,16 @@ void TemplateTab::AddTyped() {
     if (TemplateIsFull(Test()))
         Parts().Boxes.Inform(OnlySoManyAnswers);
     AddTemplateAnswer(Test(), txtTemplate_->Text(), *txtValueTemplate_->Number());
-    EmptyBoxes();
-    FillList();
+    RefreshFromTest();
     txtTemplate_->setFocus(Qt::OtherFocusReason);
-}
-
-void TemplateTab::EditSelected() {
-    const int i = Selected();
-    EditTemplateAnswer(Test(), i, txtTemplate_->Text(), *txtValueTemplate_->Number());
-    FillList();
-    ListTemplate_->setCurrentRow(i - 1);
+    Q_EMIT Changed();
 }
 
 void TemplateTab::DeleteSelected() {
-    const int i = Selected();
+    const int i = form_->Number();
     DeleteTemplateAnswer(Test(), i);
-    EmptyBoxes();
-    FillList();
+    RefreshFromTest();
+    Q_EMIT Changed();
     if (Test().TemplateAnswerCount == 0)
         return txtTemplate_->setFocus(Qt::OtherFocusReason);
     // The next one is at hand for the arrow keys and the space bar, and not yet selected.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ui/BoxForm.h"
 #include "editor/ui/ButtonArray.h"
 #include "editor/ui/EditorTab.h"
 #include "editor/ui/EntryList.h"
@@ -15,26 +16,26 @@ class TemplateTab : public EditorTab {
 
     void RefreshFromTest() override;
     void GoTo(const TestPlace& place) override;
+    std::vector<EntryForm*> Forms() override { return {form_}; }
+    void ShowTyped(const TypedEntry& typed) override;
 
   private:
     QWidget* MakeBoxes();
     QLayout* MakeButtonRow();
 
-    /// The answer that is selected, 0 for none.
-    int Selected() const;
     void FillList();
-    void EmptyBoxes();
     void UpdateButtons();
+    void TakeStored(const TestPlace& place, bool added);
 
     void ListTemplate_Click();
     void Cmdtemplate_Click(int index);
     void AddTyped();
-    void EditSelected();
     void DeleteSelected();
 
     TextBox* txtTemplate_ = nullptr;
     NumberBox* txtValueTemplate_ = nullptr;
     EntryList* ListTemplate_ = nullptr;
+    BoxForm* form_ = nullptr;
     /// Add, Delete and Edit are 0 to 2.
     ButtonArray Cmdtemplate_;
 };

@@ -35,7 +35,8 @@ void FocusFirstControl(QWidget& page) {
     for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain())
         if (page.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
             next->isVisibleTo(&page) && !next->focusProxy())
-            return next->setFocus(Qt::TabFocusReason);
+            // Not as the Tab key does: the first letter would replace the whole text.
+            return next->setFocus(Qt::OtherFocusReason);
 }
 
 QLayout* WithSideMargins(QWidget* widget) {
@@ -86,7 +87,7 @@ frmTestEditor::frmTestEditor(const EditorFileParts& parts) : parts_(parts), file
 
 bool frmTestEditor::Form_Load() { return file_.Load(); }
 
-void frmTestEditor::LoadRecovered() { file_.LoadRecovered(); }
+void frmTestEditor::LoadRecovered(const TypedEntries& typed) { file_.LoadRecovered(typed); }
 
 void frmTestEditor::MakePages(const EditorParts& parts) {
     checks_ = new EditorOptionChecks(parts_.Test);
@@ -158,14 +159,10 @@ void frmTestEditor::ConnectMenus() {
         connect(menus_, signal, this, [this, action] { Guarded(action); });
     };
     on(&EditorMenus::NewWanted, [this] { file_.New(); });
-    on(&EditorMenus::OpenWanted, [this] {
-        file_.Open();
-        // A cancelled dialog leaves the pages as they are, and what is told of the document follows it.
-        ShowFindings();
-    });
+    on(&EditorMenus::OpenWanted, [this] { file_.Open(); });
     on(&EditorMenus::mnufilesave_Click, [this] { file_.Save(); });
     on(&EditorMenus::mnufilesaveas_Click, [this] { file_.SaveAs(); });
-    on(&EditorMenus::savehtml_Click, [this] { parts_.Ways.ExportHtml(); });
+    on(&EditorMenus::savehtml_Click, [this] { ExportHtml(); });
     on(&EditorMenus::quiteditor_Click, [this] { Quit_Click(); });
     on(&EditorMenus::gen_Click, [this] { parts_.Ways.ShowGeneralOptions(); });
     on(&EditorMenus::hlp_Click, [this] { hlp_Click(); });
@@ -183,13 +180,15 @@ void frmTestEditor::ConnectPages() {
     onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
     onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
 
-    for (EditorTab* page : picOptions_)
+    for (EditorTab* page : picOptions_) {
         connect(page, &EditorTab::Changed, this, &frmTestEditor::DocumentChanged);
+        connect(page, &EditorTab::Typed, this, &frmTestEditor::DocumentChanged);
+    }
     connect(checks_, &EditorOptionChecks::Changed, this, &frmTestEditor::DocumentChanged);
     connect(subscales_, &SubscalesTab::SubscalesChanged, this,
             [this] { questions_->FillSubscales(QStringLiteral("<None>")); });
-    connect(export_, &ExportTab::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
-    connect(home_, &HomeView::ExportHtmlWanted, this, [this] { Guarded([&] { parts_.Ways.ExportHtml(); }); });
+    connect(export_, &ExportTab::ExportHtmlWanted, this, [this] { Guarded([&] { ExportHtml(); }); });
+    connect(home_, &HomeView::ExportHtmlWanted, this, [this] { Guarded([&] { ExportHtml(); }); });
     connect(findings_, &FindingsLine::Chosen, this, [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
 }
 
@@ -227,7 +226,35 @@ void frmTestEditor::ShowHome(EditorPage lastMoved) {
     file_.SetSaved(true);
 }
 
+// A page is settled when it is left, so that it is the one in view which has something to settle.
+bool frmTestEditor::Settle() {
+    for (int i = 0; i < EditorPageCount; ++i)
+        if (!PageAt(i)->Settle())
+            return false;
+    return true;
+}
+
+TypedEntries frmTestEditor::Typed() {
+    TypedEntries typed;
+    for (EditorTab* page : picOptions_)
+        for (const EntryForm* form : page->Forms())
+            if (form->IsChanged())
+                typed.push_back(form->Typed());
+    return typed;
+}
+
+void frmTestEditor::ShowTyped(const TypedEntries& typed) {
+    for (const TypedEntry& entry : typed)
+        tbsOptions_->Choose(static_cast<int>(PageOf(entry.Place)));
+    // Choosing a page shows the document, so that this comes last.
+    for (const TypedEntry& entry : typed)
+        PageOfForm(entry.Place)->ShowTyped(entry);
+    ShowSaveState(file_.SaveState());
+}
+
 void frmTestEditor::tbsOptions_Click(int index) {
+    if (!Settle())
+        return tbsOptions_->Show(pages_->currentIndex());
     Command2_->setText(ToEditorMenu);
     pages_->setCurrentIndex(index);
     questions_->ShowLastQuestion();
@@ -235,17 +262,11 @@ void frmTestEditor::tbsOptions_Click(int index) {
     const auto page = static_cast<EditorPage>(index);
     tbsOptions_->setProperty("HelpContextID", HelpContextOf(page));
     help_->SetTopic(InfoOf(page).Topic);
-    // The arrow keys go on through the tabs.
-    if (!tbsOptions_->hasFocus())
+    if (!tbsOptions_->IsWalking())
         FocusFirstControl(*PageAt(index));
 }
 
-void frmTestEditor::Form_KeyDown(int step) {
-    const int tab = tbsOptions_->NextTab(step);
-    tbsOptions_->Choose(tab);
-    // Into the page, from the tabs as from anywhere else.
-    FocusFirstControl(*PageAt(tab));
-}
+void frmTestEditor::Form_KeyDown(int step) { tbsOptions_->Choose(tbsOptions_->NextTab(step)); }
 
 void frmTestEditor::Command1_Click() {
     if (file_.Save())
@@ -253,6 +274,8 @@ void frmTestEditor::Command1_Click() {
 }
 
 void frmTestEditor::Command2_Click() {
+    if (!Settle())
+        return;
     if (Command2_->text() == ToEditorMenu)
         return ShowHome(EditorPage::Export);
     file_.KeepCopy();
@@ -261,8 +284,7 @@ void frmTestEditor::Command2_Click() {
 }
 
 void frmTestEditor::Quit_Click() {
-    file_.KeepCopy();
-    if (file_.QuerySave() == EditorFile::Answer::Stay)
+    if (!file_.MayLeave(false))
         return;
     file_.SetSaved(true);
     ShowStartScreenAndClose();
@@ -272,10 +294,7 @@ void frmTestEditor::closeEvent(QCloseEvent* event) {
     if (!leaving_) {
         event->ignore();
         bool proceeds = false;
-        Guarded([&] {
-            file_.KeepCopy();
-            proceeds = file_.QuerySave() == EditorFile::Answer::Proceed;
-        });
+        Guarded([&] { proceeds = file_.MayLeave(true); });
         if (!proceeds)
             return;
         ShowStartScreen();
@@ -303,6 +322,11 @@ void frmTestEditor::hlp_Click() {
     QApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
 }
 
+void frmTestEditor::ExportHtml() {
+    if (Settle())
+        parts_.Ways.ExportHtml();
+}
+
 void frmTestEditor::DocumentChanged() {
     findingsTimer_.start();
     if (!copyTimer_.isActive())
@@ -322,7 +346,7 @@ void frmTestEditor::ShowFindings() {
 }
 
 void frmTestEditor::GoTo(const TestPlace& place) {
-    if (!PlaceExists(place, parts_.Test))
+    if (!Settle() || !PlaceExists(place, parts_.Test))
         return;
     const EditorPage page = PageOf(place);
     tbsOptions_->Choose(static_cast<int>(page));

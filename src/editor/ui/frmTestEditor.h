@@ -32,11 +32,11 @@ class frmTestEditor : public QMainWindow, private EditorView {
   public:
     explicit frmTestEditor(const EditorFileParts& parts);
 
-    /// Reads the test that the document names, or begins with an empty one. False when it can't be read; the window is
-    /// not to be shown then.
+    /// Reads the test that the document names, or begins with an empty one. False when that isn't possible or wanted;
+    /// the window is not to be shown then.
     bool Form_Load();
-    /// Goes on with a document whose changes are in no file.
-    void LoadRecovered();
+    /// Goes on with a document whose changes are in no file, and with what was typed for it.
+    void LoadRecovered(const TypedEntries& typed);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,6 +46,9 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void ShowHome() override { ShowHome(EditorPage::Options); }
     void ShowTitle(const QString& title) override { setWindowTitle(title); }
     void ShowSaveState(const QString& state) override { saveState_->setText(state); }
+    bool Settle() override;
+    TypedEntries Typed() override;
+    void ShowTyped(const TypedEntries& typed) override;
     /// The home view. A page behind lastMoved stays in view over it.
     void ShowHome(EditorPage lastMoved);
 
@@ -55,6 +58,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void ConnectMenus();
     void ConnectPages();
 
+    EditorTab* PageOfForm(const TestPlace& place) const { return PageAt(static_cast<int>(PageOf(place))); }
     EditorTab* PageAt(int index) const { return picOptions_[static_cast<size_t>(index)]; }
     void tbsOptions_Click(int index);
     void Form_KeyDown(int step);
@@ -62,6 +66,7 @@ class frmTestEditor : public QMainWindow, private EditorView {
     void Command2_Click();
     void Quit_Click();
     void hlp_Click();
+    void ExportHtml();
     void DocumentChanged();
     void ShowHeading();
     void ShowFindings();

@@ -3,6 +3,7 @@
 #include "platform/Directories.h"
 #include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
+#include "platform/ui/LanguageBox.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
@@ -89,6 +90,10 @@ QWidget* DialogHTML::MakeFilesFrame() {
         connect(Command1_[i], &QPushButton::clicked, this, [this, i] { Command1_Click(static_cast<int>(i)); });
     AddFormRow(grid, QStringLiteral("File name:"), Text1_, Command1_[0]);
     AddFormRow(grid, QStringLiteral("Insert html into this file:"), Text2_, Command1_[1]);
+    cboLanguage_ = Named(new LanguageBox(session_.HtmlLanguage), QStringLiteral("cboLanguage"));
+    connect(cboLanguage_, &QComboBox::currentIndexChanged, this,
+            [this] { session_.HtmlLanguage = cboLanguage_->Language(); });
+    AddFormRow(grid, QStringLiteral("Page Language"), cboLanguage_);
     return frame;
 }
 
@@ -138,12 +143,11 @@ void DialogHTML::Command1_Click(int index) {
     const bool target = index == 0;
     const HtmlFile file = target ? HtmlFile::Target : HtmlFile::Host;
     flow_.GoToFolderOf(file);
-    const QString path = target ? chooser_.SaveFile({TargetTitle, PageFilter, {}, QStringLiteral(".html")})
+    const QString path = target ? chooser_.SaveFile({TargetTitle, PageFilter, {}, QStringLiteral(".html"), false})
                                 : chooser_.OpenFile({HostTitle, PageFilter, {}, {}});
-    if (!path.isEmpty()) {
+    if (!path.isEmpty())
         (target ? Text1_ : Text2_)->setText(path);
-        flow_.RememberFolderOf(file, path);
-    }
+    flow_.RememberFolderOf(file, path);
     BackToWorkingDirectory();
 }
 
@@ -158,6 +162,7 @@ void DialogHTML::Command2_Click() {
 }
 
 void DialogHTML::OKButton_Click() {
+    Text1_->setText(HtmlExportFlow::TargetOf(Text1_->text()));
     if (flow_.Export({Text1_->text(), Text2_->text(), {Text3_->text(), Option1_[1]->isChecked()}}))
         accept();
 }

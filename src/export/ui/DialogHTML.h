@@ -13,6 +13,8 @@
 
 #include <array>
 
+class LanguageBox;
+
 /// The window in which the test in memory is made a web page.
 class DialogHTML : public QDialog {
     Q_OBJECT
@@ -46,6 +48,7 @@ class DialogHTML : public QDialog {
     QGroupBox* DialogHTMLOptions_ = nullptr;
     QLineEdit* txtEmail_ = nullptr;
     QLineEdit* txtNextPage_ = nullptr;
+    LanguageBox* cboLanguage_ = nullptr;
     QLineEdit* Text1_ = nullptr;
     QLineEdit* Text2_ = nullptr;
     std::array<QPushButton*, 2> Command1_{};

@@ -1,6 +1,7 @@
 #include "export/workbook/BuiltInSpreadsheet.h"
 
 #include "base/Text.h"
+#include "export/EarlierWorkbook.h"
 #include "export/workbook/WorkbookError.h"
 #include "platform/SafeFile.h"
 
@@ -19,8 +20,8 @@ SpreadsheetError OpenElsewhere(const QString& path) {
     return {WorkbookOpenElsewhere, QStringLiteral("The file ") + Quoted(path) + QStringLiteral(" is open elsewhere")};
 }
 
-/// The content of the file. Throws WorkbookError, with the reason, when it can't be read or is clearly something else.
-QByteArray ReadWorkbook(const QString& path) {
+/// The file, open. Throws WorkbookError, with the reason, when it can't be read or is clearly something else.
+std::unique_ptr<QIODevice> OpenedWorkbook(const QString& path) {
     const QFileInfo info(path);
     if (info.isDir())
         throw WorkbookError(QStringLiteral("it is a directory"));
@@ -30,18 +31,15 @@ QByteArray ReadWorkbook(const QString& path) {
         throw WorkbookError(QStringLiteral("it is %1 bytes long, and at most %2 can be read")
                                 .arg(QLocale(QLocale::English).toString(info.size()),
                                      QLocale(QLocale::English).toString(MaxWorkbookBytes)));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw WorkbookError(file.errorString());
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw WorkbookError(file.errorString());
-    if (bytes.isEmpty())
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::ReadOnly))
+        throw WorkbookError(file->errorString());
+    if (info.size() == 0)
         throw WorkbookError(QStringLiteral("it is empty"));
-    if (bytes.startsWith("\xD0\xCF\x11\xE0"))
+    if (file->peek(4) == "\xD0\xCF\x11\xE0")
         throw WorkbookError(
             QStringLiteral("it is protected with a password, or it is in the older format of .xls files"));
-    return bytes;
+    return file;
 }
 
 } // namespace
@@ -58,7 +56,7 @@ void BuiltInSpreadsheet::OpenWorkbook(const QString& path) {
             throw Refused(QStringLiteral("There is no file ") + Quoted(path));
         sizeRead_ = info.size();
         changeRead_ = info.lastModified();
-        workbook_ = std::make_unique<Workbook>(ReadWorkbook(path));
+        workbook_ = std::make_unique<Workbook>(OpenedWorkbook(path));
         path_ = path;
         refusedPath_.clear();
     } catch (const SpreadsheetError& failure) {
@@ -68,7 +66,8 @@ void BuiltInSpreadsheet::OpenWorkbook(const QString& path) {
         throw;
     } catch (const WorkbookError& failure) {
         refusal_ = QStringLiteral("The file ") + Quoted(path) +
-                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message();
+                   QStringLiteral(" can't be read as a workbook and was not changed: ") + failure.Message() +
+                   EarlierWorkbookHint(path);
         throw Refused(refusal_);
     }
 }
@@ -81,7 +80,8 @@ void BuiltInSpreadsheet::TakeLock(const QString& path) {
     case WorkbookLock::Outcome::Taken:
         return;
     case WorkbookLock::Outcome::Busy:
-        throw OpenElsewhere(path);
+        throw SpreadsheetError(WorkbookHeldByVellumo, QStringLiteral("The file ") + Quoted(path) +
+                                                          QStringLiteral(" can't be changed now: ") + lock_->Holder());
     case WorkbookLock::Outcome::Impossible:
         break;
     }
@@ -157,10 +157,16 @@ void BuiltInSpreadsheet::Write() {
                       failure.Message());
     }
     workbook_.reset();
-    if (const Result written = WriteFile(path_, bytes); !written)
-        throw Refused(written.Message());
+    WriteManner manner;
+    manner.Held = lock_ ? &*lock_ : nullptr;
+    const WriteOutcome outcome = WriteFileInManner(path_, bytes, manner);
+    const QString message = ResultOf(path_, outcome).Message();
+    if (!outcome.Written)
+        throw Refused(message);
     savedPath_ = path_;
     lock_.reset();
+    if (!message.isEmpty())
+        throw SpreadsheetError(WorkbookSavedBut, message);
 }
 
 void BuiltInSpreadsheet::SetVisible(bool visible) {

@@ -89,8 +89,3 @@ bool FormulaReach::MayDependOn(const CellBlock& block) const {
                       block.FirstColumn <= mine.LastColumn;
            });
 }
-
-bool FormulaReach::MayDependOnSheet(const QString& sheet) const {
-    return inDoubt_ ||
-           std::ranges::any_of(blocks_, [&](const CellBlock& mine) { return SameSheet(mine.Sheet, sheet); });
-}

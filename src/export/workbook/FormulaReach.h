@@ -22,8 +22,10 @@ class FormulaReach {
     /// Whether a change of the block may change the result. True in doubt: for names, tables, and references that are
     /// only made when the formula is calculated.
     bool MayDependOn(const CellBlock& block) const;
-    /// The same for a formula that is repeated in other cells with its references moved along.
-    bool MayDependOnSheet(const QString& sheet) const;
+
+    /// The blocks that it depends on, and whether it may depend on anything else.
+    const std::vector<CellBlock>& Blocks() const { return blocks_; }
+    bool InDoubt() const { return inDoubt_; }
 
   private:
     std::vector<CellBlock> blocks_;

@@ -58,6 +58,6 @@ QByteArray NewWorkbookBytes() {
     }};
     ZipPackage package;
     for (const auto& [name, content] : parts)
-        package.Put(QString::fromLatin1(name), {content});
+        package.Put(QString::fromLatin1(name), content);
     return package.Pack();
 }

@@ -119,7 +119,7 @@ PackageMap MapPackage(const ZipPackage& package) {
     return map;
 }
 
-QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept) {
+QString AddStylesPart(ZipPackage& package, const PackageMap& map) {
     const QString name = QStringLiteral("xl/vellumo-styles.xml");
     pugi::xml_document types = ParseXml(package.Read(ContentTypes, MaxListBytes));
     pugi::xml_node type = AppendTo(types.document_element(), "Override");
@@ -134,14 +134,12 @@ QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QB
         "http://schemas.openxmlformats.org/officeDocument/2006/relationships/styles");
     relation.append_attribute("Target").set_value((u'/' + name).toUtf8().constData());
 
-    kept.push_back(XmlOf(types));
-    package.Put(ContentTypes, {kept.back()});
-    kept.push_back(XmlOf(relations));
-    package.Put(RelationsOf(map.Workbook), {kept.back()});
+    package.Put(ContentTypes, XmlOf(types));
+    package.Put(RelationsOf(map.Workbook), XmlOf(relations));
     return name;
 }
 
-void CalculateOnOpening(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept) {
+void CalculateOnOpening(ZipPackage& package, const PackageMap& map) {
     pugi::xml_document document = ParseXml(package.Read(map.Workbook, MaxListBytes));
     const pugi::xml_node root = document.document_element();
     pugi::xml_node calculation = ChildOf(root, "calcPr");
@@ -158,6 +156,5 @@ void CalculateOnOpening(ZipPackage& package, const PackageMap& map, std::vector<
         return;
     calculation.remove_attribute("fullCalcOnLoad");
     calculation.append_attribute("fullCalcOnLoad").set_value("1");
-    kept.push_back(XmlOf(document));
-    package.Put(map.Workbook, {kept.back()});
+    package.Put(map.Workbook, XmlOf(document));
 }

@@ -3,6 +3,7 @@
 #include "export/workbook/ZipPackage.h"
 
 #include <optional>
+#include <vector>
 
 /// Where the parts of a workbook lie in its package.
 struct PackageMap {
@@ -22,11 +23,11 @@ struct PackageMap {
 PackageMap MapPackage(const ZipPackage& package);
 
 /// Adds a part for the formats to a workbook that has none, as far as the package's lists are concerned, and returns
-/// its name. What was put lives in "kept".
-QString AddStylesPart(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept);
+/// its name.
+QString AddStylesPart(ZipPackage& package, const PackageMap& map);
 
-/// Lets every program calculate all formulas when it opens the workbook. What was put lives in "kept".
-void CalculateOnOpening(ZipPackage& package, const PackageMap& map, std::vector<QByteArray>& kept);
+/// Lets every program calculate all formulas when it opens the workbook.
+void CalculateOnOpening(ZipPackage& package, const PackageMap& map);
 
 /// The most bytes of one of the package's lists.
 inline constexpr qint64 MaxListBytes = 16 << 20;

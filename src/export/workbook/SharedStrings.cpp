@@ -5,6 +5,13 @@
 
 using Kind = XmlScanner::Kind;
 
+namespace {
+
+/// There may be millions of texts, and so only every so many-th is noted.
+constexpr qsizetype NotedEvery = 16;
+
+} // namespace
+
 SharedStrings::SharedStrings(const QByteArray& xml) : xml_(xml) {
     XmlScanner scanner(xml_);
     bool inTable = false;
@@ -15,17 +22,23 @@ SharedStrings::SharedStrings(const QByteArray& xml) : xml_(xml) {
             inTable = scanner.LocalName() == "sst";
             continue;
         }
-        if (scanner.LocalName() == "si")
-            entries_.push_back(scanner.Begin());
+        if (scanner.LocalName() == "si" && count_++ % NotedEvery == 0)
+            entries_.push_back(static_cast<quint32>(scanner.Begin()));
         scanner.SkipElement();
     }
 }
 
 QString SharedStrings::At(qsizetype index) const {
-    if (index < 0 || index >= static_cast<qsizetype>(entries_.size()))
+    if (index < 0 || index >= count_)
         throw WorkbookError(QStringLiteral("a cell refers to a shared text that isn't there"));
-    XmlScanner scanner(xml_, entries_[static_cast<size_t>(index)]);
+    XmlScanner scanner(xml_, entries_[static_cast<size_t>(index / NotedEvery)]);
     scanner.Next();
+    for (qsizetype before = index % NotedEvery; before > 0;) {
+        scanner.SkipElement();
+        while (scanner.Next() != Kind::Start) {
+        }
+        before -= scanner.LocalName() == "si" ? 1 : 0;
+    }
     QString text;
     if (scanner.SelfClosing())
         return text;

@@ -15,6 +15,7 @@ class SharedStrings {
 
   private:
     QByteArray xml_;
-    /// Where each entry begins.
-    std::vector<qsizetype> entries_;
+    /// Where every so many-th entry begins; the others are found from there.
+    std::vector<quint32> entries_;
+    qsizetype count_ = 0;
 };

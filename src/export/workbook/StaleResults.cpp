@@ -1,35 +1,68 @@
 #include "export/workbook/StaleResults.h"
 
 #include "export/workbook/CellReference.h"
-#include "export/workbook/XmlScanner.h"
+#include "export/workbook/SheetReader.h"
 
 #include <QHash>
 
-#include <optional>
+#include <algorithm>
+#include <map>
 
 namespace {
 
 using Kind = XmlScanner::Kind;
 
-struct FormulaCell {
-    size_t Sheet = 0;
-    CellBlock Place;
-    FormulaReach Reach;
+/// A block of cells, its sheet by its index.
+struct Block {
+    int Sheet = 0;
+    int FirstRow = 0;
+    int LastRow = 0;
+    int FirstColumn = 0;
+    int LastColumn = 0;
+};
+
+/// What a formula's result depends on: so many blocks from one on.
+struct Reach {
+    size_t FirstBlock = 0;
+    int BlockCount = 0;
+    bool InDoubt = false;
+};
+
+struct Formula {
+    int Sheet = 0;
+    int Row = 0;
+    int Column = 0;
+    int ReachIndex = 0;
     /// Its references move along with the cells that share it.
     bool Shared = false;
-    std::pair<qsizetype, qsizetype> Result{-1, -1};
+    bool HasResult = false;
     bool Stale = false;
+};
 
-    bool MayDependOn(const CellBlock& block) const {
-        return Shared ? Reach.MayDependOnSheet(block.Sheet) : Reach.MayDependOn(block);
+/// All formulas of the workbook. There may be millions, so each takes little memory.
+struct Formulas {
+    QHash<QString, int> SheetIndex;
+    std::vector<Formula> Cells;
+    std::vector<Reach> Reaches;
+    std::vector<Block> Blocks;
+
+    int Add(const FormulaReach& reach) {
+        Reach added{Blocks.size(), 0, reach.InDoubt()};
+        for (const CellBlock& block : reach.Blocks())
+            if (const auto sheet = SheetIndex.constFind(block.Sheet.toLower()); sheet != SheetIndex.cend()) {
+                Blocks.push_back({*sheet, block.FirstRow, block.LastRow, block.FirstColumn, block.LastColumn});
+                ++added.BlockCount;
+            }
+        Reaches.push_back(added);
+        return static_cast<int>(Reaches.size()) - 1;
     }
 };
 
 /// Collects the formulas of one sheet.
 class FormulaReader {
   public:
-    FormulaReader(const NamedSheet& sheet, size_t index, std::vector<FormulaCell>& cells)
-        : name_(sheet.Name), index_(index), scanner_(sheet.Xml), cells_(cells) {}
+    FormulaReader(const NamedSheet& sheet, int index, Formulas& formulas)
+        : name_(sheet.Name), index_(index), source_(sheet.Open()), scanner_(*source_), formulas_(formulas) {}
 
     void Read() {
         for (Kind kind = scanner_.Next(); kind != Kind::Finished; kind = scanner_.Next()) {
@@ -37,7 +70,7 @@ class FormulaReader {
                 continue;
             if (scanner_.LocalName() == "row") {
                 const QByteArrayView number = scanner_.Attribute("r");
-                row_ = number.isNull() ? row_ + 1 : number.toByteArray().toInt();
+                row_ = number.isNull() ? row_ + 1 : ToInt(number, 0);
                 column_ = 0;
             } else if (scanner_.LocalName() == "c") {
                 const QByteArrayView reference = scanner_.Attribute("r");
@@ -49,93 +82,216 @@ class FormulaReader {
     }
 
   private:
+    /// So many different formulas are remembered, as one is often repeated.
+    static constexpr qsizetype MostKnown = 1000;
+
     void ReadCell() {
-        std::optional<FormulaReach> reach;
-        bool shared = false;
-        std::pair<qsizetype, qsizetype> result{-1, -1};
+        Formula formula{index_, row_, column_, -1, false, false, false};
         for (Kind kind = scanner_.Next(); kind != Kind::End && kind != Kind::Finished; kind = scanner_.Next()) {
             if (kind != Kind::Start)
                 continue;
-            const qsizetype begin = scanner_.Begin();
             if (scanner_.LocalName() == "f") {
-                shared = scanner_.Attribute("t") == "shared";
-                reach = ReadFormula(shared ? scanner_.Attribute("si").toByteArray() : QByteArray());
+                formula.Shared = scanner_.Attribute("t") == "shared";
+                formula.ReachIndex = ReadFormula(formula.Shared ? scanner_.Attribute("si").toByteArray() : QByteArray());
             } else {
                 const bool isResult = scanner_.LocalName() == "v" && !scanner_.SelfClosing();
-                const qsizetype content = scanner_.End();
+                const qint64 content = scanner_.End();
                 scanner_.SkipElement();
-                if (isResult && scanner_.Begin() > content)
-                    result = {begin, scanner_.End()};
+                formula.HasResult = formula.HasResult || (isResult && scanner_.Begin() > content);
             }
         }
-        if (reach)
-            cells_.push_back({index_, {name_, row_, row_, column_, column_}, *reach, shared, result, false});
+        if (formula.ReachIndex >= 0)
+            formulas_.Cells.push_back(formula);
     }
 
-    FormulaReach ReadFormula(const QByteArray& sharedBy) {
+    int ReadFormula(const QByteArray& sharedBy) {
         QString text;
         if (!scanner_.SelfClosing())
             while (scanner_.Next() == Kind::Text)
                 text += scanner_.Text();
+        if (sharedBy.isEmpty())
+            return ReachOf(text);
         // Of the cells that share a formula, only the first one has its text.
-        if (!sharedBy.isEmpty() && !text.isEmpty())
-            shared_[sharedBy] = text;
-        return FormulaReach(sharedBy.isEmpty() ? text : shared_.value(sharedBy, QStringLiteral("?")), name_);
+        if (!text.isEmpty() || !shared_.contains(sharedBy))
+            shared_[sharedBy] = ReachOf(text.isEmpty() ? QStringLiteral("?") : text);
+        return shared_.value(sharedBy);
+    }
+
+    int ReachOf(const QString& text) {
+        if (const auto known = known_.constFind(text); known != known_.cend())
+            return *known;
+        if (known_.size() >= MostKnown)
+            known_.clear();
+        return known_[text] = formulas_.Add(FormulaReach(text, name_));
     }
 
     const QString& name_;
-    size_t index_;
+    int index_;
+    std::unique_ptr<ByteSource> source_;
     XmlScanner scanner_;
-    std::vector<FormulaCell>& cells_;
-    QHash<QByteArray, QString> shared_;
+    Formulas& formulas_;
+    QHash<QByteArray, int> shared_;
+    QHash<QString, int> known_;
     int row_ = 0;
     int column_ = 0;
 };
 
-/// So many changed cells are followed one by one; past them every formula counts as changed.
-constexpr size_t MostFollowed = 2000;
-
-void Follow(std::vector<FormulaCell>& cells, const CellBlock& changed) {
-    std::vector<CellBlock> changes{changed};
-    for (size_t next = 0; next < changes.size(); ++next) {
-        for (FormulaCell& cell : cells) {
-            if (cell.Stale || !(changes.size() > MostFollowed || cell.MayDependOn(changes[next])))
-                continue;
-            cell.Stale = true;
-            changes.push_back(cell.Place);
-        }
-        if (changes.size() > MostFollowed + cells.size())
+/// The changed cells of one sheet: a few ranges of rows for each column, and past so many columns only a box. So that
+/// asking for one takes a bounded time, what is between changed cells may count as changed.
+class ChangedCells {
+  public:
+    void Add(const Block& block) {
+        Widen(box_, block);
+        if (isBox_)
             return;
+        if (block.LastColumn - block.FirstColumn >= MostColumnsApart) {
+            isBox_ = true;
+            return;
+        }
+        for (int column = block.FirstColumn; column <= block.LastColumn; ++column)
+            AddRows(columns_[column], {block.FirstRow, block.LastRow});
+        isBox_ = static_cast<int>(columns_.size()) > MostColumnsApart;
     }
-}
+
+    bool Touch(const Block& block) const {
+        if (block.FirstRow > box_.LastRow || block.LastRow < box_.FirstRow || block.FirstColumn > box_.LastColumn ||
+            block.LastColumn < box_.FirstColumn)
+            return false;
+        if (isBox_)
+            return true;
+        for (auto column = columns_.lower_bound(block.FirstColumn);
+             column != columns_.end() && column->first <= block.LastColumn; ++column)
+            for (const auto& [first, last] : column->second)
+                if (first <= block.LastRow && block.FirstRow <= last)
+                    return true;
+        return false;
+    }
+
+    bool Any() const { return box_.LastRow > 0; }
+
+  private:
+    using Rows = std::pair<int, int>;
+    static constexpr int MostColumnsApart = 64;
+    static constexpr size_t MostRanges = 8;
+
+    static void Widen(Block& box, const Block& block) {
+        if (box.LastRow == 0)
+            box = block;
+        box.FirstRow = std::min(box.FirstRow, block.FirstRow);
+        box.LastRow = std::max(box.LastRow, block.LastRow);
+        box.FirstColumn = std::min(box.FirstColumn, block.FirstColumn);
+        box.LastColumn = std::max(box.LastColumn, block.LastColumn);
+    }
+
+    static void AddRows(std::vector<Rows>& ranges, const Rows& rows) {
+        for (Rows& range : ranges) {
+            if (rows.first > range.second + 1 || rows.second < range.first - 1)
+                continue;
+            range = {std::min(range.first, rows.first), std::max(range.second, rows.second)};
+            return;
+        }
+        ranges.push_back(rows);
+        if (ranges.size() <= MostRanges)
+            return;
+        for (const Rows& range : ranges)
+            ranges.front() = {std::min(ranges.front().first, range.first), std::max(ranges.front().second, range.second)};
+        ranges.resize(1);
+    }
+
+    Block box_;
+    std::map<int, std::vector<Rows>> columns_;
+    bool isBox_ = false;
+};
+
+/// After so many rounds in which a formula became stale by way of another one, all count as stale.
+constexpr int MostRounds = 20;
+
+class Follower {
+  public:
+    Follower(Formulas& formulas, size_t sheets, const std::vector<Block>& changed)
+        : formulas_(formulas), changed_(sheets) {
+        for (const Block& block : changed)
+            changed_[static_cast<size_t>(block.Sheet)].Add(block);
+    }
+
+    /// Goes through the formulas forwards and backwards, as one usually depends on those above or on those below it.
+    void Follow() {
+        for (int round = 0; round < MostRounds; ++round) {
+            const bool more = round % 2 == 0 ? Look(formulas_.Cells.begin(), formulas_.Cells.end())
+                                             : Look(formulas_.Cells.rbegin(), formulas_.Cells.rend());
+            if (!more)
+                return;
+        }
+        for (Formula& formula : formulas_.Cells)
+            formula.Stale = true;
+    }
+
+  private:
+    bool MayDepend(const Formula& formula) const {
+        const Reach& reach = formulas_.Reaches[static_cast<size_t>(formula.ReachIndex)];
+        if (reach.InDoubt)
+            return true;
+        const auto first = formulas_.Blocks.begin() + static_cast<std::ptrdiff_t>(reach.FirstBlock);
+        return std::any_of(first, first + reach.BlockCount, [&](const Block& block) {
+            const ChangedCells& cells = changed_[static_cast<size_t>(block.Sheet)];
+            return formula.Shared ? cells.Any() : cells.Touch(block);
+        });
+    }
+
+    template <typename Iterator> bool Look(Iterator from, Iterator to) {
+        bool more = false;
+        for (; from != to; ++from) {
+            if (from->Stale || !MayDepend(*from))
+                continue;
+            from->Stale = more = true;
+            changed_[static_cast<size_t>(from->Sheet)].Add(
+                {from->Sheet, from->Row, from->Row, from->Column, from->Column});
+        }
+        return more;
+    }
+
+    Formulas& formulas_;
+    std::vector<ChangedCells> changed_;
+};
 
 } // namespace
 
-bool MayHaveFormulas(const QByteArray& xml) {
-    // The letter is rare in sheets, and one search for it is faster than several for the tags.
-    for (qsizetype at = xml.indexOf('f', 1); at > 0 && at + 1 < xml.size(); at = xml.indexOf('f', at + 1)) {
-        const char before = xml[at - 1];
-        const char behind = xml[at + 1];
-        if ((before == '<' || before == ':') &&
-            (behind == '>' || behind == '/' || QByteArrayView(" \t\r\n").contains(behind)))
+bool MayHaveFormulas(ByteSource& sheet) {
+    // What a piece ends with may be the beginning of a tag.
+    constexpr qsizetype kept = 3;
+    QByteArray piece;
+    for (;;) {
+        piece.remove(0, qMax<qsizetype>(0, piece.size() - kept));
+        const qsizetype there = piece.size();
+        piece.resize(there + (256 << 10));
+        const qint64 count = sheet.Read(piece.data() + there, piece.size() - there);
+        piece.resize(there + count);
+        if (count == 0)
+            return false;
+        if (MayHaveFormulas(QByteArrayView(piece)))
             return true;
     }
-    return false;
 }
 
-StaleResults FindStaleResults(const std::vector<NamedSheet>& sheets, const CellBlock& changed) {
-    std::vector<FormulaCell> cells;
+StaleResults FindStaleResults(const std::vector<NamedSheet>& sheets, const std::vector<CellBlock>& changed) {
+    Formulas formulas;
     for (size_t i = 0; i < sheets.size(); ++i)
-        if (MayHaveFormulas(sheets[i].Xml))
-            FormulaReader(sheets[i], i, cells).Read();
-    Follow(cells, changed);
+        formulas.SheetIndex.insert(sheets[i].Name.toLower(), static_cast<int>(i));
+    for (size_t i = 0; i < sheets.size(); ++i)
+        if (sheets[i].Open)
+            FormulaReader(sheets[i], static_cast<int>(i), formulas).Read();
+    std::vector<Block> blocks;
+    for (const CellBlock& block : changed)
+        if (const auto sheet = formulas.SheetIndex.constFind(block.Sheet.toLower()); sheet != formulas.SheetIndex.cend())
+            blocks.push_back({*sheet, block.FirstRow, block.LastRow, block.FirstColumn, block.LastColumn});
+    Follower(formulas, sheets.size(), blocks).Follow();
 
     StaleResults stale;
-    stale.Elements.resize(sheets.size());
-    for (const FormulaCell& cell : cells) {
-        stale.Any = stale.Any || cell.Stale;
-        if (cell.Stale && cell.Result.first >= 0)
-            stale.Elements[cell.Sheet].push_back(cell.Result);
+    stale.Cells.resize(sheets.size());
+    for (const Formula& formula : formulas.Cells) {
+        stale.Any = stale.Any || formula.Stale;
+        if (formula.Stale && formula.HasResult)
+            stale.Cells[static_cast<size_t>(formula.Sheet)].push_back({formula.Row, formula.Column});
     }
     return stale;
 }

@@ -9,8 +9,14 @@
 
 namespace {
 
-/// What a part may be unpacked to. A sheet of this size has some ten million cells.
-constexpr qint64 MaxSheetBytes = 512 << 20;
+/// What a part may be unpacked to. A sheet of this size has some forty million cells; as it passes through in pieces, the
+/// bound is one of time.
+constexpr qint64 MaxSheetBytes = qint64(2) << 30;
+constexpr qint64 MaxAllSheetsBytes = 2 * MaxSheetBytes;
+/// A sheet of at most so many bytes is kept in memory, so that it is unpacked once.
+constexpr qint64 MostKeptBytes = 32 << 20;
+/// What a changed sheet may get besides its new cells and rows.
+constexpr qint64 BytesAroundRows = 1 << 10;
 constexpr qint64 MaxSharedBytes = 256 << 20;
 constexpr qint64 MaxStylesBytes = 32 << 20;
 
@@ -31,23 +37,33 @@ void CheckFits(int row, int column, const CellValue& value) {
                           .arg(english.toString(MostCellCharacters), english.toString(text->size())));
 }
 
-bool IsNothing(const CellValue& value) {
-    const QString* text = std::get_if<QString>(&value);
-    return std::holds_alternative<std::monostate>(value) || (text && text->isEmpty());
-}
-
 } // namespace
 
 Workbook::Workbook() : Workbook(NewWorkbookBytes()) {}
 
-Workbook::Workbook(const QByteArray& bytes)
-    : package_(bytes), map_(MapPackage(package_)), sheet_(package_.Read(map_.Sheet, MaxSheetBytes)) {}
+Workbook::Workbook(const QByteArray& bytes) : package_(bytes) { Take(); }
+
+Workbook::Workbook(std::unique_ptr<QIODevice> device) : package_(std::move(device)) { Take(); }
+
+void Workbook::Take() {
+    map_ = MapPackage(package_);
+    sheetSize_ = package_.SizeOf(map_.Sheet, MaxSheetBytes);
+    sheet_ = Opened(map_.Sheet, sheetSize_);
+    outline_ = OutlineOf(*sheet_());
+    cells_.emplace(sheet_, outline_);
+}
+
+/// A sheet that isn't large is kept when it was unpacked once.
+OpenBytes Workbook::Opened(const QString& part, qint64 size) {
+    if (size > MostKeptBytes)
+        return [this, part] { return package_.Open(part, MaxSheetBytes); };
+    return [bytes = package_.Read(part, MaxSheetBytes)] { return std::make_unique<MemorySource>(bytes); };
+}
 
 CellValue Workbook::Cell(int row, int column) {
-    if (const auto ofRow = written_.find(row); ofRow != written_.end())
-        if (const auto cell = ofRow->second.find(column); cell != ofRow->second.end())
-            return IsNothing(cell->second) ? CellValue() : cell->second;
-    const auto cell = sheet_.Find(row, column);
+    if (const QByteArray element = written_.Find(row, column); !element.isNull())
+        return Meaning(CellOf(element));
+    const auto cell = cells_->Find(row, column);
     return cell ? Meaning(*cell) : CellValue();
 }
 
@@ -79,16 +95,15 @@ CellValue Workbook::Meaning(const StoredCell& cell) {
 
 void Workbook::SetCell(int row, int column, const CellValue& value) {
     CheckFits(row, column, value);
-    const auto there = sheet_.Find(row, column);
+    const auto there = cells_->Find(row, column);
     if (there && there->HasFormula)
         throw Refused(row, column, QStringLiteral("holds a formula, which would be lost"));
-    elements_[row][column] =
-        CellElement(sheet_.Prefix(), row, column, StyleFor(row, column, value, there), value, map_.From1904);
-    written_[row][column] = value;
+    written_.Set(row, column,
+                 CellElement(outline_.Prefix, row, column, StyleFor(row, column, value, there), value, map_.From1904));
 }
 
 int Workbook::StyleFor(int row, int column, const CellValue& value, const std::optional<StoredCell>& there) {
-    const int style = there ? there->Style : sheet_.StyleForNew(row, column);
+    const int style = there ? there->Style : cells_->StyleForNew(row, column);
     return std::holds_alternative<QDate>(value) ? Formats().DateStyle(style) : style;
 }
 
@@ -98,63 +113,53 @@ Styles& Workbook::Formats() {
     return *styles_;
 }
 
-CellBlock Workbook::Written() const {
-    CellBlock block;
-    for (const auto& [name, part] : map_.Sheets)
-        if (part == map_.Sheet)
-            block.Sheet = name;
-    block.FirstRow = elements_.begin()->first;
-    block.LastRow = elements_.rbegin()->first;
-    block.FirstColumn = MostColumns;
-    for (const auto& [row, cells] : elements_) {
-        block.FirstColumn = qMin(block.FirstColumn, cells.begin()->first);
-        block.LastColumn = qMax(block.LastColumn, cells.rbegin()->first);
-    }
-    return block;
-}
-
-// Only formulas that may have another result now lose the one that stands in the sheet; the others, and sheets without
-// any, stay as they are.
-void Workbook::DropStaleResults(std::vector<NamedSheet>& sheets, std::vector<QByteArray>& kept) {
-    QStringList parts;
+// Only formulas that may have another result now lose the one that is in the sheet; the others, and sheets without any,
+// stay as they are.
+void Workbook::FindStale(std::vector<SheetChanges>& changes) {
+    std::vector<NamedSheet> sheets;
+    std::vector<CellBlock> blocks = written_.Blocks();
+    qint64 all = 0;
     for (const auto& [name, part] : map_.Sheets) {
-        const QByteArray xml = part == map_.Sheet ? sheet_.Xml() : package_.Read(part, MaxSheetBytes);
-        if (!MayHaveFormulas(xml))
-            continue;
-        sheets.push_back({name, xml});
-        parts.append(part);
+        const bool isActive = part == map_.Sheet;
+        const qint64 size = package_.SizeOf(part, MaxSheetBytes);
+        if (all += size; all > MaxAllSheetsBytes)
+            throw WorkbookError(QStringLiteral("its sheets together are more than %1 bytes long")
+                                    .arg(QLocale(QLocale::English).toString(MaxAllSheetsBytes)));
+        const auto open = [this, part = part] { return package_.Open(part, MaxSheetBytes); };
+        const bool hasFormulas = isActive ? outline_.MayHaveFormulas : MayHaveFormulas(*open());
+        sheets.push_back({name, hasFormulas ? isActive ? sheet_ : OpenBytes(open) : OpenBytes()});
+        if (isActive)
+            for (CellBlock& block : blocks)
+                block.Sheet = name;
     }
-    const StaleResults stale = FindStaleResults(sheets, Written());
-    for (size_t i = 0; i < sheets.size(); ++i) {
-        const QString& part = parts[static_cast<qsizetype>(i)];
-        const QByteArrayView xml(sheets[i].Xml);
-        std::vector<QByteArrayView> pieces;
-        qsizetype from = 0;
-        for (const auto& [begin, end] : stale.Elements[i]) {
-            if (part == map_.Sheet)
-                sheet_.Drop(begin, end);
-            pieces.push_back(xml.sliced(from, begin - from));
-            from = end;
-        }
-        pieces.push_back(xml.sliced(from));
-        if (part != map_.Sheet && pieces.size() > 1)
-            package_.Put(part, pieces);
-    }
+    StaleResults stale = FindStaleResults(sheets, blocks);
+    for (size_t i = 0; i < sheets.size(); ++i)
+        changes[i].Stale = std::move(stale.Cells[i]);
     if (stale.Any)
-        CalculateOnOpening(package_, map_, kept);
+        CalculateOnOpening(package_, map_);
 }
 
 QByteArray Workbook::Pack() {
-    std::vector<QByteArray> kept;
-    kept.reserve(4);
-    std::vector<NamedSheet> sheets;
-    if (!elements_.empty())
-        DropStaleResults(sheets, kept);
-    if (styles_ && styles_->Changed()) {
-        const QString name = map_.Styles ? *map_.Styles : AddStylesPart(package_, map_, kept);
-        kept.push_back(styles_->Xml());
-        package_.Put(name, {kept.back()});
+    sharedStrings_.reset();
+    std::vector<SheetChanges> changes(map_.Sheets.size());
+    if (!written_.Empty())
+        FindStale(changes);
+    if (styles_ && styles_->Changed())
+        package_.Put(map_.Styles ? *map_.Styles : AddStylesPart(package_, map_), styles_->Xml());
+    for (size_t i = 0; i < changes.size(); ++i) {
+        SheetChanges& change = changes[i];
+        const QString& part = map_.Sheets[i].second;
+        const bool isActive = part == map_.Sheet;
+        if (!isActive && change.Stale.empty())
+            continue;
+        change.Written = isActive ? &written_ : nullptr;
+        change.Prefix = isActive ? outline_.Prefix : QByteArray();
+        change.MostBytes = MaxSheetBytes;
+        const OpenBytes open = isActive ? sheet_ : OpenBytes([this, part] { return package_.Open(part, MaxSheetBytes); });
+        const qint64 size = package_.SizeOf(part, MaxSheetBytes) + (isActive ? written_.Bytes() + BytesAroundRows : 0);
+        package_.Put(
+            part, [&change, open] { return std::make_unique<SheetRewriter>(open(), change); },
+            qMin(size, MaxSheetBytes));
     }
-    package_.Put(map_.Sheet, sheet_.WithCells(elements_));
     return package_.Pack();
 }

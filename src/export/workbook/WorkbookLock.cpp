@@ -2,25 +2,10 @@
 
 #include "platform/FileInUse.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSet>
-#include <QThread>
 
 namespace {
-
-constexpr int StaleAfterMilliseconds = 60'000;
-constexpr int LookEveryMilliseconds = 20;
-
-/// The workbook's own path, whatever links lead to it; one that isn't there yet has that of its folder.
-QString TargetOf(const QString& path) {
-    const QFileInfo info(path);
-    if (info.exists())
-        return info.canonicalFilePath();
-    const QString target = info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
-    const QString folder = QFileInfo(QFileInfo(target).absolutePath()).canonicalFilePath();
-    return folder.isEmpty() ? target : folder + u'/' + QFileInfo(target).fileName();
-}
 
 QString Beside(const QString& path, const QString& before, const QString& behind) {
     const QFileInfo info(path);
@@ -28,28 +13,6 @@ QString Beside(const QString& path, const QString& before, const QString& behind
 }
 
 } // namespace
-
-WorkbookLock::WorkbookLock(const QString& path) : target_(TargetOf(path)) {}
-
-WorkbookLock::Outcome WorkbookLock::Take(int patience, const std::function<void()>& whileWaiting) {
-    auto file = std::make_unique<QLockFile>(Beside(target_, QStringLiteral("."), QStringLiteral(".vellumo-lock")));
-    file->setStaleLockTime(StaleAfterMilliseconds);
-    QElapsedTimer waited;
-    waited.start();
-    while (!file->tryLock(0)) {
-        if (file->error() != QLockFile::LockFailedError)
-            return Outcome::Impossible;
-        if (waited.hasExpired(patience))
-            return Outcome::Busy;
-        if (whileWaiting)
-            whileWaiting();
-        QThread::msleep(LookEveryMilliseconds);
-    }
-    file_ = std::move(file);
-    return Outcome::Taken;
-}
-
-bool WorkbookLock::IsFor(const QString& path) const { return file_ && TargetOf(path) == target_; }
 
 bool IsOpenInAnotherProgram(const QString& path) {
     for (const QString& name : QSet<QString>{QFileInfo(path).absoluteFilePath(), TargetOf(path)})

@@ -1,34 +1,58 @@
 #pragma once
 
-#include <QByteArray>
+#include "export/workbook/ByteSource.h"
+
+#include <QIODevice>
 #include <QString>
-#include <QStringList>
 
+#include <map>
 #include <memory>
-#include <vector>
 
-/// A zip archive in memory whose entries can be read, replaced and added. Entries that aren't replaced are carried over
-/// as they are, without being unpacked. Failures throw WorkbookError.
+struct AddedEntry;
+
+/// A zip archive whose entries can be read, replaced and added. What is read or replaced passes through in pieces, so
+/// that nothing has to be in memory unpacked. Entries that aren't replaced are carried over as they are, without being
+/// unpacked. Failures throw WorkbookError.
 class ZipPackage {
   public:
     /// An empty archive.
     ZipPackage();
-    /// Opens the archive with these bytes. Refuses what is no zip archive, and names of entries that are there twice or
-    /// lead out of the archive.
+    /// Opens the archive in these bytes, or in an open device of known size. Refuses what is no zip archive, and names
+    /// of entries that are there twice or lead out of the archive.
     explicit ZipPackage(const QByteArray& bytes);
+    explicit ZipPackage(std::unique_ptr<QIODevice> device);
     ~ZipPackage();
     ZipPackage(const ZipPackage&) = delete;
     ZipPackage& operator=(const ZipPackage&) = delete;
 
     bool Has(const QString& name) const;
-    /// The content of an entry that isn't replaced. Refuses one of more than maxBytes, whatever it was packed to.
+    /// How many bytes an entry has when it is unpacked, as the archive says. Refuses one of more than maxBytes.
+    qint64 SizeOf(const QString& name, qint64 maxBytes) const;
+    /// The content of an entry as it was when the archive was opened, at once or in pieces. Refuses one of more than
+    /// maxBytes, whatever it was packed to, and one whose content isn't as long as the archive says.
     QByteArray Read(const QString& name, qint64 maxBytes) const;
-    /// Puts the pieces, joined, in the place of the entry, or adds it. The pieces' bytes outlive the package.
-    void Put(const QString& name, const std::vector<QByteArrayView>& pieces);
-    /// The bytes of the archive with all changes. The package can't be used any further.
+    std::unique_ptr<ByteSource> Open(const QString& name, qint64 maxBytes) const;
+
+    /// Puts a content in the place of the entry, or adds it. It is asked for when the archive is packed; atMost is how
+    /// long it may become.
+    void Put(const QString& name, const QByteArray& content);
+    void Put(const QString& name, OpenBytes content, qint64 atMost);
+
+    /// The bytes of the archive with all changes.
     QByteArray Pack();
 
   private:
+    struct Access;
     struct Archive;
+    struct Addition {
+        OpenBytes Content;
+        qint64 AtMost = 0;
+    };
+
+    void Add(Archive& archive, const QString& name, AddedEntry& entry) const;
+
+    std::unique_ptr<QIODevice> device_;
+    std::unique_ptr<Access> access_;
     std::unique_ptr<Archive> archive_;
+    std::map<QString, Addition> additions_;
 };

@@ -75,6 +75,7 @@ QString QtFileChooser::SaveFile(const FileQuestion& question) {
     QFileDialog dialog(WindowInFront());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.AsksBeforeReplacing);
     if (question.DefaultExtension.startsWith(QLatin1Char('.')))
         dialog.setDefaultSuffix(question.DefaultExtension.mid(1));
     Prepare(dialog, question);

@@ -35,6 +35,20 @@ QMessageBox::Icon IconOf(PromptIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+QMessageBox::StandardButton ButtonOf(PromptAnswer answer) {
+    switch (answer) {
+    case PromptAnswer::Ok:
+        return QMessageBox::Ok;
+    case PromptAnswer::Cancel:
+        return QMessageBox::Cancel;
+    case PromptAnswer::Yes:
+        return QMessageBox::Yes;
+    case PromptAnswer::No:
+        return QMessageBox::No;
+    }
+    return QMessageBox::Ok;
+}
+
 PromptAnswer AnswerOf(int button, PromptButtons buttons) {
     switch (button) {
     case QMessageBox::Yes:
@@ -76,7 +90,7 @@ PromptAnswer QtPrompts::Ask(const Prompt& prompt) {
     box.setStandardButtons(ButtonsOf(prompt.Buttons));
     if (prompt.Buttons != PromptButtons::Ok)
         box.setEscapeButton(QMessageBox::Cancel);
-    box.setDefaultButton(prompt.Buttons == PromptButtons::YesNoCancel ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setDefaultButton(prompt.Buttons == PromptButtons::YesNoCancel ? ButtonOf(prompt.Default) : QMessageBox::Ok);
     return AnswerOf(box.exec(), prompt.Buttons);
 }
 

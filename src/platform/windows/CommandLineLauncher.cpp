@@ -1,12 +1,13 @@
 #include "platform/windows/CommandLineLauncher.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <windows.h>
 
 Result CommandLineLauncher::Open(const QString& program, const QString& path, WindowState window) {
-    // Many programs take a slash for the beginning of an option.
-    const QString native = QDir::toNativeSeparators(path);
+    // A name of its own could look like an option, and many programs take a slash for the beginning of one.
+    const QString native = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
     QString commandLine = program + u' ' + native;
     STARTUPINFOW start{};
     start.cb = sizeof start;

@@ -3,12 +3,15 @@
 #include "platform/Directories.h"
 #include "platform/ui/FormRows.h"
 #include "platform/ui/HelpKey.h"
+#include "platform/ui/LanguageBox.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
+#include "settings/DefaultFolders.h"
 #include "settings/TemplateDescription.h"
 
+#include <QDir>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -48,9 +51,9 @@ QWidget* MakePage(const QString& name, std::initializer_list<QWidget*> groups) {
 
 } // namespace
 
-frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
-                       Navigator& navigator, QWidget* parent)
-    : QDialog(parent), settings_(settings), store_(store), folders_(folders), chooser_(chooser) {
+frmOptions::frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, Prompts& prompts,
+                       FileChooser& chooser, Navigator& navigator, QWidget* parent)
+    : QDialog(parent), settings_(settings), store_(store), folders_(folders), prompts_(prompts), chooser_(chooser) {
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(QStringLiteral("Options"));
 
@@ -129,6 +132,8 @@ QWidget* frmOptions::MakeTemplateGroup() {
     txttempdesc_->setTabChangesFocus(true);
     txttempdesc_->setMinimumHeight(12 * GridUnit);
     AddFormRow(grid, QStringLiteral("Description"), txttempdesc_);
+    cboLanguage_ = Named(new LanguageBox(settings_.HtmlLanguage), QStringLiteral("cboLanguage"));
+    AddFormRow(grid, QStringLiteral("Page Language"), cboLanguage_);
     return group;
 }
 
@@ -201,22 +206,35 @@ void frmOptions::FillControls() {
     txteditor_[TemplateBox]->setText(settings_.HtmlTemplatePath);
     txtNextPage_->setText(settings_.DefaultNextPage);
     txtEmail_->setText(settings_.DefaultEmail);
+    cboLanguage_->SetLanguage(settings_.HtmlLanguage);
     ChkCarriageReturn_->setChecked(settings_.BreakAfterQuestionNumber);
     ReadDescription();
 }
 
-void frmOptions::TakeControls() {
+bool frmOptions::TakeControls() {
+    if (const Result usable = CheckWorkingDirectory(Txtdirectory_->text()); !usable) {
+        prompts_.Inform(usable.Message() + u'.');
+        tbsOptions_->setCurrentIndex(0);
+        Txtdirectory_->selectAll();
+        Txtdirectory_->setFocus();
+        return false;
+    }
     settings_.AdministratorName = TxtTestAdministrator_->text();
     settings_.NamePersist = Chkpersist_->isChecked();
     settings_.DefaultEditor = txteditor_[0]->text();
-    settings_.DefaultDirectory = Txtdirectory_->text();
+    // A relative one would be another folder as soon as it is the current one.
+    settings_.DefaultDirectory = QDir::isAbsolutePath(Txtdirectory_->text())
+                                     ? Txtdirectory_->text()
+                                     : QDir::toNativeSeparators(QDir(Txtdirectory_->text()).absolutePath());
     settings_.QuestionPrefix = txtsuffix_[0]->text();
     settings_.QuestionSuffix = txtsuffix_[1]->text();
     settings_.DefaultBrowser = txteditor_[1]->text();
     settings_.HtmlTemplatePath = txteditor_[TemplateBox]->text();
     settings_.DefaultNextPage = txtNextPage_->text();
     settings_.DefaultEmail = txtEmail_->text();
+    settings_.HtmlLanguage = cboLanguage_->Language();
     settings_.BreakAfterQuestionNumber = ChkCarriageReturn_->isChecked();
+    return true;
 }
 
 void frmOptions::ReadDescription() {
@@ -226,12 +244,13 @@ void frmOptions::ReadDescription() {
 void frmOptions::BackToWorkingDirectory() { ChangeDirectory(settings_.DefaultDirectory); }
 
 void frmOptions::OkButton_Click() {
-    TakeControls();
-    accept();
+    if (TakeControls())
+        accept();
 }
 
 void frmOptions::SaveButton_Click() {
-    TakeControls();
+    if (!TakeControls())
+        return;
     SaveSettings(settings_, store_);
     accept();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/FileChooser.h"
 #include "platform/Navigator.h"
+#include "platform/Prompts.h"
 #include "settings/Settings.h"
 
 #include <QCheckBox>
@@ -14,14 +15,16 @@
 
 #include <array>
 
+class LanguageBox;
+
 /// The general options: the window in which the user-wide settings are changed.
 class frmOptions : public QDialog {
     Q_OBJECT
 
   public:
     /// Changes settings on Apply, Save and Restore Defaults; Save also writes them to the store.
-    frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, FileChooser& chooser,
-               Navigator& navigator, QWidget* parent = nullptr);
+    frmOptions(Settings& settings, SettingsStore& store, const DefaultFolders& folders, Prompts& prompts,
+               FileChooser& chooser, Navigator& navigator, QWidget* parent = nullptr);
 
   private:
     QWidget* MakeGeneralPage();
@@ -37,7 +40,8 @@ class frmOptions : public QDialog {
     void Form_Load();
     void Form_KeyDown(int step);
     void FillControls();
-    void TakeControls();
+    /// False, with nothing changed, when the working directory is refused.
+    bool TakeControls();
     void ReadDescription();
     void BackToWorkingDirectory();
 
@@ -51,6 +55,7 @@ class frmOptions : public QDialog {
     Settings& settings_;
     SettingsStore& store_;
     DefaultFolders folders_;
+    Prompts& prompts_;
     FileChooser& chooser_;
 
     QTabWidget* tbsOptions_ = nullptr;
@@ -66,6 +71,7 @@ class frmOptions : public QDialog {
     QPlainTextEdit* txttempdesc_ = nullptr;
     QLineEdit* txtEmail_ = nullptr;
     QLineEdit* txtNextPage_ = nullptr;
+    LanguageBox* cboLanguage_ = nullptr;
     QPushButton* OkButton_ = nullptr;
     QPushButton* SaveButton_ = nullptr;
     QPushButton* CancelButton_ = nullptr;

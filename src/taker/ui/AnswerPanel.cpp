@@ -66,7 +66,10 @@ AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(pa
 
 QGroupBox* AnswerPanel::MakeFrame(int index, const QString& caption) {
     auto* frame = Named(new QGroupBox(caption), QStringLiteral("FrmAnswer_%1").arg(index));
-    frame->setSizePolicy(QSizePolicy::Expanding, index == LongBox ? QSizePolicy::Expanding : QSizePolicy::Maximum);
+    // Buttons that scroll take no more room than they need; the others grow with their texts.
+    const QSizePolicy::Policy heights[] = {QSizePolicy::Maximum, QSizePolicy::Preferred, QSizePolicy::Expanding,
+                                           QSizePolicy::Preferred};
+    frame->setSizePolicy(QSizePolicy::Expanding, heights[index]);
     SetRoom(*new QVBoxLayout(frame), 1, 1);
     frame->hide();
     return frame;

@@ -17,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QShortcut>
 #include <QWheelEvent>
 
@@ -49,7 +50,8 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
       sizes_(AnswerSizesFor(SummaryOf(parts.TheSession.Test).LongestAnswerLength,
                             SummaryOf(parts.TheSession.Test).MaxAnswerCount)),
       course_(parts.TheSession),
-      readingSize_(parts.Store) {
+      readingSize_(parts.Store,
+                   ReadingSize::LargestOn(screen()->availableSize().width(), screen()->availableSize().height())) {
     setObjectName(QStringLiteral("FrmTest"));
     menus_ = new TestMenus(*menuBar());
     ConnectMenus();

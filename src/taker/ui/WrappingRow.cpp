@@ -18,16 +18,16 @@ QLayoutItem* WrappingRow::takeAt(int index) {
     return item;
 }
 
-int WrappingRow::WidthOfAll(bool least) const {
+int WrappingRow::WidthOfAll(bool narrow) const {
     int width = 0;
     for (const auto& item : items_)
         if (!item->isEmpty())
-            width += (width > 0 ? spacing() : 0) + (least ? item->minimumSize() : item->sizeHint()).width();
+            width += (width > 0 ? spacing() : 0) + (narrow ? item->minimumSize() : item->sizeHint()).width();
     return width;
 }
 
 QSize WrappingRow::sizeHint() const {
-    const int width = WidthOfAll();
+    const int width = WidthOfAll(false);
     return {width, heightForWidth(width)};
 }
 
@@ -45,9 +45,8 @@ void WrappingRow::setGeometry(const QRect& room) {
 }
 
 int WrappingRow::Place(const QRect& room, bool moves) const {
-    // Before the row breaks, its items get as narrow as they can be.
-    const bool least = WidthOfAll() > room.width();
-    const int spare = room.width() - WidthOfAll(least);
+    const bool narrow = room.width() < WidthOfAll(false);
+    const int spare = room.width() - WidthOfAll(narrow);
     int left = room.left();
     int top = room.top();
     int lineHeight = 0;
@@ -57,9 +56,7 @@ int WrappingRow::Place(const QRect& room, bool moves) const {
         QLayoutItem& item = *items_[i];
         if (item.isEmpty())
             continue;
-        QSize size = item.sizeHint();
-        if (least)
-            size.setWidth(item.minimumSize().width());
+        const QSize size((narrow ? item.minimumSize() : item.sizeHint()).width(), item.sizeHint().height());
         if (lineHeight > 0 && left + size.width() > room.left() + room.width()) {
             left = room.left();
             top += lineHeight + spacing();

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-/// A row of widgets that goes on in further lines where one is too narrow. In a single line the widgets after the gap
-/// go to the right end.
+/// A row of widgets that become narrower, and then go on in further lines, where one is too narrow. In a single line
+/// the widgets after the gap go to the right end.
 class WrappingRow : public QLayout {
   public:
     WrappingRow();
@@ -28,7 +28,8 @@ class WrappingRow : public QLayout {
   private:
     /// Returns the height that is needed in that room, and moves the widgets there when asked to.
     int Place(const QRect& room, bool moves) const;
-    int WidthOfAll(bool least = false) const;
+    /// The width of a single line, with the widgets as wide as they like to be or as narrow as they can be.
+    int WidthOfAll(bool narrow) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> items_;
     size_t gap_ = SIZE_MAX;

@@ -18,8 +18,8 @@ const std::array<QString, 2> NameLabels = {QStringLiteral("Client's Name"),
 } // namespace
 
 frmClient::frmClient(Session& session, SettingsStore& store, Navigator& navigator, const QString& caption,
-                     NamesAsked asked, QWidget* parent)
-    : QDialog(parent), form_(session, store, asked) {
+                     NamesAsked asked, NamesFor administration, QWidget* parent)
+    : QDialog(parent), form_(session, store, asked, administration) {
     setObjectName(QStringLiteral("frmClient"));
     setWindowTitle(caption);
     new HelpKey(*this, navigator, HelpTopic::Names);
@@ -42,6 +42,8 @@ frmClient::frmClient(Session& session, SettingsStore& store, Navigator& navigato
     setMinimumWidth(52 * GridUnit);
     resize(60 * GridUnit, sizeHint().height());
     CentreOnScreen(*this);
+    // Selected, so that typing replaces an earlier client's name.
+    txtclient_[0]->selectAll();
     txtclient_[form_.ClientEnabled() || !form_.AdministratorEnabled() ? 0 : 1]->setFocus();
 }
 

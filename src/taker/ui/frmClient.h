@@ -16,7 +16,7 @@ class frmClient : public QDialog {
 
   public:
     frmClient(Session& session, SettingsStore& store, Navigator& navigator, const QString& caption, NamesAsked asked,
-              QWidget* parent = nullptr);
+              NamesFor administration, QWidget* parent = nullptr);
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -103,8 +103,8 @@ void frmEdit::Form_Load() {
     pasteword->setEnabled(ports_.Office.ApplicationInstalled(WordProcessorKey, {}));
 }
 
-void frmEdit::ShowText(const QString& text, const QString& caption) {
-    document_.Fill(text, caption);
+void frmEdit::ShowText(const QString& text, const QString& caption, TextKind kind) {
+    document_.Fill(text, caption, kind);
     show();
     raise();
     activateWindow();
@@ -139,9 +139,9 @@ void frmEdit::SetReportText(const QString& text) {
     txtEdit->setPlainText(text);
 }
 
-void frmEdit::ShowCaption(const QString& caption, bool unwritten) {
+void frmEdit::ShowCaption(const QString& caption, bool unsaved) {
     setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")) + QStringLiteral("[*]"));
-    setWindowModified(unwritten);
+    setWindowModified(unsaved);
 }
 
 void frmEdit::MnuFilePrint_Click() {
@@ -173,19 +173,29 @@ void frmEdit::MnuEditPaste_Click() {
 }
 
 void frmEdit::MnuEditFont_Click() {
-    bool accepted = false;
-    // A generic name such as "Sans Serif" isn't in the dialog's list and has no bold or italic there.
     QFont current = txtEdit->font();
-    current.setFamily(QFontInfo(current).family());
-    const QFont chosen = QFontDialog::getFont(&accepted, current, this, QStringLiteral("Change Font"),
-                                              QFontDialog::ScalableFonts | QFontDialog::NonScalableFonts);
-    if (!accepted)
+    // A generic name such as "Sans Serif" isn't in the dialog's list, nor is every family's upright style called
+    // "Normal" there: what the dialog doesn't find, it takes for the first of the list.
+    const QFontInfo shown(current);
+    current.setFamily(shown.family());
+    current.setStyleName(shown.styleName());
+    QFontDialog dialog(current, this);
+    dialog.setWindowTitle(QStringLiteral("Change Font"));
+    dialog.setOptions(QFontDialog::ScalableFonts | QFontDialog::NonScalableFonts);
+    const QFont offered = dialog.currentFont();
+    if (dialog.exec() != QDialog::Accepted)
         return;
+    // Only what was chosen: what the dialog couldn't show stays as it was.
+    const QFont chosen = dialog.selectedFont();
     QFont font = txtEdit->font();
-    font.setFamily(chosen.family());
-    font.setPointSizeF(chosen.pointSizeF());
-    font.setBold(chosen.bold());
-    font.setItalic(chosen.italic());
+    if (chosen.family() != offered.family())
+        font.setFamily(chosen.family());
+    if (chosen.pointSizeF() != offered.pointSizeF())
+        font.setPointSizeF(chosen.pointSizeF());
+    if (chosen.bold() != offered.bold())
+        font.setBold(chosen.bold());
+    if (chosen.italic() != offered.italic())
+        font.setItalic(chosen.italic());
     txtEdit->setFont(font);
 }
 

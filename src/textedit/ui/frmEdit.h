@@ -29,8 +29,8 @@ class frmEdit : public QMainWindow, private ReportView {
   public:
     frmEdit(const ReportPorts& ports, Navigator& navigator);
 
-    /// Shows the window with a text that is in no file yet; leaving it unsaved asks.
-    void ShowText(const QString& text, const QString& caption);
+    /// Shows the window with a text that is in no file yet. Leaving it asks when it is a report or was changed.
+    void ShowText(const QString& text, const QString& caption, TextKind kind);
     /// Closes the window, whatever it holds.
     void CloseWithoutQuestion();
     /// The caption without the mark of unsaved changes.
@@ -57,7 +57,7 @@ class frmEdit : public QMainWindow, private ReportView {
   private:
     QString ReportText() const override;
     void SetReportText(const QString& text) override;
-    void ShowCaption(const QString& caption, bool unwritten) override;
+    void ShowCaption(const QString& caption, bool unsaved) override;
 
     void MakeFileMenu();
     void MakeEditMenu();

@@ -1,8 +1,10 @@
+#include "export/EarlierWorkbook.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
 #include "export/workbook/PackageOf.h"
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
 #include "support/RecordingLauncher.h"
+#include "support/ScriptedPrompts.h"
 #include "support/SmallDisk.h"
 
 #include <QDir>
@@ -14,6 +16,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -119,6 +122,7 @@ class tst_builtinspreadsheet : public QObject {
     void Save_Unreadable_RefusedAndUntouched_data();
     void Save_Unreadable_RefusedAndUntouched();
     void Save_DamagedAnywhere_RefusedOrRead();
+    void Save_LargeSheet_LittleMemory();
     void Save_FolderMissing_Reason();
     void Save_NoPermission_Untouched_data();
     void Save_NoPermission_Untouched();
@@ -129,9 +133,10 @@ class tst_builtinspreadsheet : public QObject {
     void Save_NothingSet_FileUntouched();
     void Open_OpenElsewhere_462_data();
     void Open_OpenElsewhere_462();
-    void Open_AnotherCopy_WaitsThen462();
+    void Open_AnotherCopy_WaitsThenNamesIt();
     void Open_AnotherCopySaves_BothRows();
     void Open_CopyThatDied_Goes();
+    void Open_CutOffBesideEarlierVersion_NamedAndOffered();
     void Append_ManyProcesses_AllRows();
     void SetVisible_Saved_Shown();
 
@@ -162,7 +167,7 @@ void tst_builtinspreadsheet::Save_Unreadable_RefusedAndUntouched_data() {
     QTest::newRow("older format") << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and so on")
                                   << "it is protected with a password, or it is in the older format of .xls files";
     QTest::newRow("bomb") << WithSheetSize(sound, 4'000'000'000)
-                          << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 536,870,912 "
+                          << "its part 'xl/worksheets/sheet1.xml' is 4,000,000,000 bytes long, and at most 2,147,483,648 "
                              "can be read";
     QTest::newRow("bomb that lies") << WithSheetSize(WorkbookWith("<sheetData/>" + QByteArray(1 << 20, ' ')), 99)
                                     << "its part 'xl/worksheets/sheet1.xml' is damaged (";
@@ -195,6 +200,51 @@ void tst_builtinspreadsheet::Save_DamagedAnywhere_RefusedOrRead() {
             QVERIFY(BytesOf(Path()) != damaged);
     }
     QCOMPARE(Names(), QStringLiteral("r.exl"));
+}
+
+// The tool that adds a row to a sheet of 100 MB holds a small part of it at any time.
+void tst_builtinspreadsheet::Save_LargeSheet_LittleMemory() {
+    class Rows : public ByteSource {
+      public:
+        qint64 Read(char* to, qint64 most) override {
+            if (given_ == ready_.size()) {
+                given_ = 0;
+                ready_ = row_ > MostRows ? QByteArray()
+                                         : "<row r='" + QByteArray::number(row_) + "'><c r='A" + QByteArray::number(row_) +
+                                               "'><v>1</v></c><!--" + QByteArray(1000, '-').replace("--", "- ") + "--></row>";
+                if (row_ == 0)
+                    ready_ = "<worksheet><sheetData>";
+                else if (row_ == MostRows)
+                    ready_ += "</sheetData></worksheet>";
+                ++row_;
+            }
+            const qint64 count = qMin<qint64>(most, ready_.size() - given_);
+            std::memcpy(to, ready_.constData() + given_, static_cast<size_t>(count));
+            given_ += count;
+            return count;
+        }
+
+      private:
+        static constexpr int MostRows = 100'000;
+        int row_ = 0;
+        QByteArray ready_;
+        qint64 given_ = 0;
+    };
+    ZipPackage package(NewWorkbookBytes());
+    package.Put(SheetName, [] { return std::make_unique<Rows>(); }, 200 << 20);
+    PutBytes(Path(), package.Pack());
+    PutBytes(Path("t.vlm"), "[TITLE]T[/TITLE][Q]One[A]a[v=1][/A][/Q][INCLUDE CLIENT NAME IN EXCEL FILE]");
+    PutBytes(Path("r.csv"), "client\nAnn\n");
+    QProcess process;
+    process.start(qEnvironmentVariable("VELLUMO_CLI"), {QStringLiteral("score"), Path("t.vlm"), Path("r.csv"),
+                                                        QStringLiteral("--workbook"), Path()});
+    QVERIFY(process.waitForFinished(300'000));
+    QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+#ifndef __SANITIZE_ADDRESS__
+    QVERIFY2(usage.ru_maxrss < 80 << 10, qPrintable(QString::number(usage.ru_maxrss)));
+#endif
 }
 
 void tst_builtinspreadsheet::Save_FolderMissing_Reason() {
@@ -278,7 +328,7 @@ void tst_builtinspreadsheet::Save_Link_Followed() {
     // Both ways to the workbook are one for the lock, and for that of another program.
     BuiltInSpreadsheet first(Impatient());
     first.OpenWorkbook(Path("link.exl"));
-    QVERIFY(Append(Path("far/r.exl"), QStringLiteral("three")).startsWith(QStringLiteral("462: ")));
+    QVERIFY(Append(Path("far/r.exl"), QStringLiteral("three")).startsWith(QStringLiteral("463: ")));
     first.Quit();
     PutBytes(Path("far/.~lock.r.exl#"), ",ann,,;");
     QVERIFY(Append(Path("link.exl"), QStringLiteral("three")).startsWith(QStringLiteral("462: ")));
@@ -327,14 +377,17 @@ void tst_builtinspreadsheet::Open_OpenElsewhere_462() {
     QCOMPARE(Texts(Path()), QStringLiteral("one two"));
 }
 
-void tst_builtinspreadsheet::Open_AnotherCopy_WaitsThen462() {
+void tst_builtinspreadsheet::Open_AnotherCopy_WaitsThenNamesIt() {
     BuiltInSpreadsheet first(Impatient());
     QVERIFY(Refusal([&] { first.OpenWorkbook(Path()); }).contains(QStringLiteral("There is no file")));
     int calls = 0;
     BuiltInSpreadsheet second({nullptr, {}, [&] { ++calls; }, 300});
     QElapsedTimer time;
     time.start();
-    QVERIFY(Append(second, Path(), QStringLiteral("x")).startsWith(QStringLiteral("462: ")));
+    QVERIFY(Append(second, Path(), QStringLiteral("x"))
+                .startsWith(QStringLiteral("463: The file '%1' can't be changed now: another Vellumo is writing it "
+                                           "(process %2 on ")
+                                .arg(Path(), QString::number(QCoreApplication::applicationPid()))));
     QVERIFY(time.elapsed() >= 300 && time.elapsed() < 2000);
     QVERIFY(calls >= 5);
     QCOMPARE(BuiltInSpreadsheetParts().PatienceMilliseconds, 10'000);
@@ -362,11 +415,32 @@ void tst_builtinspreadsheet::Open_CopyThatDied_Goes() {
             auto* lock = new WorkbookLock(Path());
             lock->Take(0, {});
         });
-        QVERIFY(Append(Path(), QStringLiteral("two")).startsWith(QStringLiteral("462: ")));
+        QVERIFY(Append(Path(), QStringLiteral("two")).startsWith(QStringLiteral("463: ")));
     }
     QVERIFY(Names().contains(QStringLiteral(".r.exl.vellumo-lock")));
+    // Nor does one lock that is empty, or holds anything.
+    for (const char* text : {"two", "three", "four"}) {
+        QCOMPARE(Append(Path(), QLatin1String(text)), QString());
+        QCOMPARE(Names(), QStringLiteral("r.exl"));
+        PutBytes(Path(".r.exl.vellumo-lock"), *text == 't' ? QByteArray() : QByteArray("\0garbled\n1", 10));
+    }
+}
+
+void tst_builtinspreadsheet::Open_CutOffBesideEarlierVersion_NamedAndOffered() {
+    QCOMPARE(Append(Path(), QStringLiteral("one")), QString());
+    const QByteArray whole = BytesOf(Path());
+    PutBytes(Path("r.exl.earlier"), whole);
+    for (const qsizetype length : {whole.size() / 2, qsizetype(0)}) {
+        PutBytes(Path(), whole.first(length));
+        QVERIFY(Append(Path(), QStringLiteral("two"))
+                    .contains(QStringLiteral("An earlier version of it is in '%1'").arg(Path("r.exl.earlier"))));
+    }
+    ScriptedPrompts prompts;
+    prompts.Expect(QStringLiteral("is empty or cut off.\n\nAn earlier"), PromptAnswer::Yes).InPart();
+    OfferEarlierWorkbook(Path(), prompts);
     QCOMPARE(Append(Path(), QStringLiteral("two")), QString());
-    QCOMPARE(Names(), QStringLiteral("r.exl"));
+    QCOMPARE(Texts(Path()), QStringLiteral("one two"));
+    OfferEarlierWorkbook(Path(), prompts);
 }
 
 void tst_builtinspreadsheet::Append_ManyProcesses_AllRows() {

@@ -1,6 +1,6 @@
 // Workbooks that Vellumo wrote or appended to, opened by the programs that people open them with. LibreOffice Calc and
 // openpyxl have to be there; tools/install-dependencies installs both.
-#include "export/ResultRows.h"
+#include "export/ResultSheet.h"
 #include "export/workbook/BuiltInSpreadsheet.h"
 #include "export/workbook/PackageOf.h"
 #include "support/FailTest.h"
@@ -80,22 +80,21 @@ const QList<Answer>& Answers() {
 /// Appends all answers, or begins the workbook with them.
 void Export(const QString& path) {
     const TestDocument test = MoodTest();
-    const auto columns = ResultColumnsOf(test, QStringLiteral("Q."), QStringLiteral(" "));
     BuiltInSpreadsheet spreadsheet({});
+    ResultSheet sheet(spreadsheet, test, QStringLiteral("Q."), QStringLiteral(" "));
     const bool isNew = !QFile::exists(path);
     if (isNew) {
         spreadsheet.AddWorkbook();
-        WriteHeads(spreadsheet, test, columns);
+        sheet.Begin();
     } else {
         spreadsheet.OpenWorkbook(path);
+        sheet.Find(path);
     }
-    int row = FindDataRow(spreadsheet);
     for (const Answer& answer : Answers()) {
         ResponseSet responses(test.QuestionCount);
         responses.ResponseChoice(1) = answer.Choice;
         responses.ResponseText(2) = answer.Text;
-        WriteResultRow(spreadsheet, row++, columns,
-                       {answer.Client, QDate(2026, 11, 21), responses, ComputeScores(test, responses)});
+        sheet.Append({answer.Client, QDate(2026, 11, 21), responses, ComputeScores(test, responses)});
     }
     isNew ? spreadsheet.SaveActiveWorkbookAs(path) : spreadsheet.SaveActiveWorkbook();
 }
@@ -142,7 +141,9 @@ QByteArray ExcelLike() {
         "<sheetFormatPr defaultRowHeight=\"15\" x14ac:dyDescent=\"0.25\"/>"
         "<cols><col min=\"1\" max=\"1\" width=\"31\" customWidth=\"1\"/></cols><sheetData>"
         "<row r=\"1\" spans=\"1:7\" x14ac:dyDescent=\"0.25\"><c r=\"A1\" t=\"s\"><v>0</v></c></row>"
-        "<row r=\"3\" spans=\"1:7\" x14ac:dyDescent=\"0.25\"><c r=\"A3\" t=\"s\"><v>1</v></c></row>"
+        "<row r=\"3\" spans=\"1:7\" x14ac:dyDescent=\"0.25\"><c r=\"A3\" t=\"s\"><v>1</v></c>"
+        "<c r=\"B3\" t=\"s\"><v>3</v></c><c r=\"C3\" t=\"s\"><v>4</v></c><c r=\"D3\" t=\"s\"><v>5</v></c>"
+        "<c r=\"E3\" t=\"s\"><v>6</v></c></row>"
         "<row r=\"4\" spans=\"1:7\" x14ac:dyDescent=\"0.25\"><c r=\"A4\" t=\"s\"><v>2</v></c><c r=\"C4\"><v>12</v></c>"
         "<c r=\"G4\"><f>C4*2</f><v>24</v></c></row>"
         "<row r=\"5\" spans=\"1:7\" x14ac:dyDescent=\"0.25\"><c r=\"G5\"><f>C5+1</f><v>1</v></c></row></sheetData>"
@@ -150,8 +151,9 @@ QByteArray ExcelLike() {
         "footer=\"0.3\"/></worksheet>";
     parts[QStringLiteral("xl/sharedStrings.xml")] =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n<sst "
-        "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" count=\"3\" uniqueCount=\"3\">"
-        "<si><t>Mood</t></si><si><t>Client</t></si><si><t xml:space=\"preserve\">Ann </t></si></sst>";
+        "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" count=\"7\" uniqueCount=\"7\">"
+        "<si><t>Mood</t></si><si><t>Client</t></si><si><t xml:space=\"preserve\">Ann </t></si>"
+        "<si><t>Date</t></si><si><r><t>Total </t></r><r><t>Score</t></r></si><si><t>Q.1</t></si><si><t>Q.2</t></si></sst>";
     parts[QStringLiteral("xl/calcChain.xml")] =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n<calcChain "
         "xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><c r=\"G5\" i=\"1\"/><c "

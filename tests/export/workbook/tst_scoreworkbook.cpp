@@ -55,6 +55,8 @@ class tst_scoreworkbook : public QObject {
     }
     void NewAndAgain_Rows_HeadsOnce();
     void Now_Given_DateOfTheRows();
+    void OptionsChanged_EachValueUnderItsHead();
+    void HeadTwice_RefusedAndUntouched();
     void NoOptions_TitleAlone();
     void BadResponses_NothingWritten_data();
     void BadResponses_NothingWritten();
@@ -103,6 +105,34 @@ void tst_scoreworkbook::Now_Given_DateOfTheRows() {
     QCOMPARE(ran.Status, 0);
     QVERIFY(Row(3).endsWith(QStringLiteral("\"Item 1!\" \"Item 2!\" \"Item 3!\" -")));
     QVERIFY(Row(4).startsWith(QStringLiteral("\"Ann\" 2027-01-02")));
+}
+
+void tst_scoreworkbook::OptionsChanged_EachValueUnderItsHead() {
+    PutBytes(Path("t.vlm"), Small + "[INCLUDE CLIENT NAME IN EXCEL FILE][INCLUDE SHORT ANSWERS IN EXCEL FILE]");
+    QCOMPARE(Score("client,2\nAnn,good\n").Err, QByteArray());
+    PutBytes(Path("t.vlm"), Small + Everything);
+    const Ran ran = Score("client,1,2,3\nBo,1,bad,1\nCy,,,1\n");
+    QCOMPARE(ran.Status, 0);
+    QCOMPARE(ran.Err, "The heads in the third row of the file '" + Path("r.exl").toUtf8() +
+                          "' are not those that this test expects, so each result was put under its own head. Heads "
+                          "that were missing were added at the right end: 'Date', 'Total Score', 'Ease', '1', '3'.\n");
+    QCOMPARE(Row(3), QStringLiteral("\"Client\" \"2\" \"Date\" \"Total Score\" \"Ease\" \"1\" \"3\" -"));
+    QCOMPARE(Row(4), QStringLiteral("\"Ann\" \"good\" - - - - - -"));
+    QCOMPARE(Row(5), QStringLiteral("\"Bo\" \"bad\" 2026-11-21 3 1 1 1 -"));
+    QCOMPARE(Row(6), QStringLiteral("\"Cy\" 0 2026-11-21 2 0 0 1 -"));
+}
+
+void tst_scoreworkbook::HeadTwice_RefusedAndUntouched() {
+    Workbook workbook;
+    for (int column = 1; column <= 3; ++column)
+        workbook.SetCell(3, column, column == 1 ? QStringLiteral("2") : QStringLiteral("Client"));
+    PutBytes(Path("r.exl"), workbook.Pack());
+    const QByteArray before = BytesOf(Path("r.exl"));
+    const Ran ran = Score("client\nAnn\n");
+    QCOMPARE(ran.Status, 1);
+    QCOMPARE(ran.Err, "Nothing was written to the file '" + Path("r.exl").toUtf8() +
+                          "': the head 'Client' appears twice in its third row, in the columns B and C\n");
+    QCOMPARE(BytesOf(Path("r.exl")), before);
 }
 
 void tst_scoreworkbook::NoOptions_TitleAlone() {

@@ -3,6 +3,7 @@
 #include "export/workbook/Workbook.h"
 #include "export/workbook/WorkbookError.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 namespace {
@@ -15,7 +16,7 @@ QString Shown(const CellValue& value) {
     return std::holds_alternative<QString>(value) ? u'"' + std::get<QString>(value) + u'"' : QStringLiteral("-");
 }
 
-QByteArray SheetAfter(const QByteArray& package) { return ZipPackage(package).Read(SheetName, 1 << 20); }
+QByteArray SheetAfter(const QByteArray& package) { return ZipPackage(package).Read(SheetName, 1 << 30); }
 
 /// The sheet's content after the cells were set, without its root tags.
 QByteArray Changed(const QByteArray& content, const QList<std::pair<int, int>>& cells) {
@@ -41,6 +42,8 @@ class tst_workbook : public QObject {
     void Cell_WaysOfWriting_Read();
     void SetCell_Sheets_OnlyWhatMustChange_data();
     void SetCell_Sheets_OnlyWhatMustChange();
+    void SetCell_LargeSheet_OnlyWhatMustChange();
+    void SetCell_ManyRows_AllThere();
     void SetCell_Texts_ComeBack_data();
     void SetCell_Texts_ComeBack();
     void SetCell_Impossible_SaysWhy_data();
@@ -52,6 +55,7 @@ class tst_workbook : public QObject {
     void Formula_References_DependOnTheRow_data();
     void Formula_References_DependOnTheRow();
     void Pack_StaleResults_Dropped();
+    void Pack_ManyFormulas_InLinearTime();
     void Pack_OtherParts_AsTheyWere();
     void Open_ActiveSheet_ThatOrFirstVisible_data();
     void Open_ActiveSheet_ThatOrFirstVisible();
@@ -166,6 +170,47 @@ void tst_workbook::SetCell_Sheets_OnlyWhatMustChange() {
     const auto cells =
         *static_cast<QList<std::pair<int, int>>*>(QTest::qData("cells", qMetaTypeId<QList<std::pair<int, int>>>()));
     QTEST(Changed(before, cells), "after");
+}
+
+// The sheet passes through memory in pieces of 256 KiB; their ends fall into tags, texts and comments of all kinds, and
+// one row is longer than several of them.
+void tst_workbook::SetCell_LargeSheet_OnlyWhatMustChange() {
+    const QByteArray filling = "<!-- - > --><c r='B%'><f>1&lt;2</f><v>1</v></c><c r='C%' t='inlineStr'><is><t>"
+                               "<![CDATA[<]]>&amp;</t></is></c>";
+    QByteArray before = "<cols/><sheetData>";
+    for (int row = 1; row <= 4000; ++row)
+        before += "<row r='" + QByteArray::number(row) + "'>" +
+                  QByteArray(filling).replace('%', QByteArray::number(row)) + (row == 500 ? QByteArray(1 << 20, ' ') : "") +
+                  "</row>\n";
+    const QByteArray after = before;
+    const auto with = [](QByteArray sheet, const QByteArray& row, const QByteArray& cell) {
+        return sheet.replace("<row r='" + row + "'>", "<row r='" + row + "'>" + cell);
+    };
+    QByteArray expected = with(with(with(after, "2", Cell("A2")), "500", Cell("A500")), "4000", Cell("A4000"));
+    expected += "<row r=\"4001\">" + Cell("A4001") + "</row></sheetData><mergeCells/>";
+    QCOMPARE(Changed(before + "</sheetData><mergeCells/>", {{4001, 1}, {500, 1}, {2, 1}, {4000, 1}}), expected);
+
+    Workbook workbook(WorkbookWith(before + "</sheetData>"));
+    for (const int row : {1, 499, 500, 4000, 3, 4000, 4001})
+        QCOMPARE(Shown(workbook.Cell(row, 3)), row > 4000 ? QStringLiteral("-") : QStringLiteral("\"<&\""));
+}
+
+// Rows that were finished long ago are packed away; they are still read, changed and written in their places.
+void tst_workbook::SetCell_ManyRows_AllThere() {
+    Workbook workbook;
+    constexpr int rows = 5000;
+    for (int row = 3; row < rows; ++row)
+        if (row != 70)
+            workbook.SetCell(row, 1, static_cast<double>(row));
+    QCOMPARE(Shown(workbook.Cell(5, 1)), QStringLiteral("5"));
+    for (const int row : {70, 1500, 2})
+        workbook.SetCell(row, 2, static_cast<double>(-row));
+    Workbook again(workbook.Pack());
+    for (int row = 2; row < rows; ++row) {
+        QCOMPARE(Shown(again.Cell(row, 1)), row == 2 || row == 70 ? QStringLiteral("-") : QString::number(row));
+        QCOMPARE(Shown(again.Cell(row, 2)),
+                 row == 2 || row == 70 || row == 1500 ? QString::number(-row) : QStringLiteral("-"));
+    }
 }
 
 void tst_workbook::SetCell_Texts_ComeBack_data() {
@@ -320,6 +365,24 @@ void tst_workbook::Pack_StaleResults_Dropped() {
     QVERIFY(ZipPackage(bytes)
                 .Read(QStringLiteral("xl/workbook.xml"), 1 << 20)
                 .contains("</sheets><calcPr fullCalcOnLoad=\"1\"/></workbook>"));
+}
+
+// Formulas that may depend on anything, and formulas that each depend on the next one: following each of them through
+// all others takes minutes.
+void tst_workbook::Pack_ManyFormulas_InLinearTime() {
+    QByteArray rows = "<sheetData>";
+    for (int row = 3; row < 50'003; ++row) {
+        const QByteArray number = QByteArray::number(row);
+        rows += "<row r='" + number + "'><c r='A" + number + "'><f>INDIRECT(\"B" + number + "\")</f><v>1</v></c><c r='B" +
+                number + "'><f>B" + QByteArray::number(row + 1) + "+1</f><v>1</v></c></row>";
+    }
+    Workbook workbook(WorkbookWith(rows + "</sheetData>"));
+    workbook.SetCell(50'003, 2, 7.0);
+    QElapsedTimer time;
+    time.start();
+    const QByteArray sheet = ZipPackage(workbook.Pack()).Read(SheetName, 1 << 30);
+    QVERIFY2(time.elapsed() < 30'000, qPrintable(QString::number(time.elapsed())));
+    QCOMPARE(sheet.count("<v>"), 1);
 }
 
 void tst_workbook::Pack_OtherParts_AsTheyWere() {

@@ -72,6 +72,7 @@ class tst_systemports : public QObject {
     void TypeText_Writer_NewDocumentWithTheText();
     void TypeText_NoWriter_Fails();
     void Open_Program_PathIsOneArgument();
+    void Open_NameLikeAnOption_BecomesAPath();
     void Open_NoSuchProgram_MessageNamesIt();
 };
 
@@ -108,6 +109,12 @@ void tst_systemports::Open_Program_PathIsOneArgument() {
     const Result opened = MakeLauncher()->Open(QStringLiteral("an-editor"), QStringLiteral("/tmp/a b \"c\".txt"));
     QVERIFY2(opened, qPrintable(opened.Message()));
     QCOMPARE(editor.Arguments(), QStringList{QStringLiteral("/tmp/a b \"c\".txt")});
+}
+
+void tst_systemports::Open_NameLikeAnOption_BecomesAPath() {
+    RecordingProgram editor(QStringLiteral("an-editor"));
+    QVERIFY(MakeLauncher()->Open(QStringLiteral("an-editor"), QStringLiteral("+!command;.txt")));
+    QCOMPARE(editor.Arguments(), QStringList{QDir::currentPath() + QStringLiteral("/+!command;.txt")});
 }
 
 void tst_systemports::Open_NoSuchProgram_MessageNamesIt() {

@@ -1,7 +1,9 @@
 #include "platform/Directories.h"
-#include "platform/SafeFile.h"
+#include "platform/EarlierCopy.h"
 #include "platform/TextFile.h"
+#include "support/Files.h"
 #include "support/OrdinaryUser.h"
+#include "support/ScriptedPrompts.h"
 #include "support/SmallDisk.h"
 
 #include <QtTest>
@@ -13,14 +15,9 @@
 
 namespace {
 
-QByteArray Content(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-}
-
-bool Make(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+uint ModeOf(const QString& path) {
+    struct stat status {};
+    return stat(qPrintable(path), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
 } // namespace
@@ -36,21 +33,22 @@ class tst_unixfiles : public QObject {
     void EncodeForLocale_SingleByteLocale_Used();
     void ReadTextFile_NoPermission_Reason();
     void WriteFile_NewFile_OwnerOnly();
-    void WriteFile_Link_FollowedAndPermissionsKept();
-    void WriteFile_DiskFull_EarlierVersionKept();
-    void WriteFile_DiskFullThroughALink_CopyBesideTheFile();
+    void WriteFile_Existing_ReplacedAsItWas_data();
+    void WriteFile_Existing_ReplacedAsItWas();
+    void WriteFile_MayNotBeReplaced_WrittenInPlace_data();
+    void WriteFile_MayNotBeReplaced_WrittenInPlace();
     void WriteFile_DiskFullNewFile_NoPieceLeft();
-    void WriteFile_CopyDoesNotFit_TargetUntouched();
     void WriteFile_NoPermission_EarlierVersionUntouched_data();
     void WriteFile_NoPermission_EarlierVersionUntouched();
     void WriteFile_Impossible_MessageNamesFile_data();
     void WriteFile_Impossible_MessageNamesFile();
     void AppendToFile_DiskFull_CutBack();
+    void EarlierCopy_Offered_AsAnswered();
     void MakeDirectory_Client_OwnerOnly();
 
   private:
     QString Path(const char* name) const { return folder_->filePath(QLatin1String(name)); }
-    QStringList Names() const { return QDir(folder_->path()).entryList(QDir::Files, QDir::Name); }
+    QStringList Names() const { return QDir(folder_->path()).entryList(QDir::Files | QDir::Hidden); }
 
     std::unique_ptr<QTemporaryDir> folder_;
 };
@@ -86,7 +84,7 @@ void tst_unixfiles::EncodeForLocale_SingleByteLocale_Used() {
 }
 
 void tst_unixfiles::ReadTextFile_NoPermission_Reason() {
-    QVERIFY(Make(Path("a"), "secret"));
+    PutBytes(Path("a"), "secret");
     QVERIFY(chmod(qPrintable(Path("a")), 0) == 0 && chmod(qPrintable(folder_->path()), 0755) == 0);
     const OrdinaryUser user;
     QVERIFY(user.IsReal());
@@ -96,57 +94,76 @@ void tst_unixfiles::ReadTextFile_NoPermission_Reason() {
 
 void tst_unixfiles::WriteFile_NewFile_OwnerOnly() {
     QVERIFY(WriteFile(Path("a"), "x"));
-    struct stat status {};
-    QCOMPARE(stat(qPrintable(Path("a")), &status), 0);
-    QCOMPARE(status.st_mode & 0777, 0600u);
+    QCOMPARE(ModeOf(Path("a")), 0600u);
 }
 
-void tst_unixfiles::WriteFile_Link_FollowedAndPermissionsKept() {
-    QVERIFY(Make(Path("target"), "one"));
-    QCOMPARE(chmod(qPrintable(Path("target")), 0640), 0);
-    QVERIFY(QFile::link(Path("target"), Path("link")));
-    QVERIFY(WriteFile(Path("link"), "two"));
-    QCOMPARE(Content(Path("target")), "two");
-    QVERIFY(QFileInfo(Path("link")).isSymLink());
-    struct stat status {};
-    QCOMPARE(stat(qPrintable(Path("target")), &status), 0);
-    QCOMPARE(status.st_mode & 0777, 0640u);
+void tst_unixfiles::WriteFile_Existing_ReplacedAsItWas_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("itself") << QStringLiteral("far/a");
+    QTest::newRow("link") << QStringLiteral("link");
+    QTest::newRow("link to a link") << QStringLiteral("linklink");
 }
 
-void tst_unixfiles::WriteFile_DiskFull_EarlierVersionKept() {
-    QVERIFY(Make(Path("a"), "earlier"));
+void tst_unixfiles::WriteFile_Existing_ReplacedAsItWas() {
+    QFETCH(QString, name);
+    const QString path = folder_->filePath(name);
+    const QString target = Path("far/a");
+    QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("far")));
+    PutBytes(target, "earlier");
+    QVERIFY(QFile::link(QStringLiteral("far/a"), Path("link")) && QFile::link(Path("link"), Path("linklink")));
+    QVERIFY(chmod(qPrintable(target), 0640) == 0 && (geteuid() != 0 || chown(qPrintable(target), 65534, 12345) == 0));
+    QVERIFY(link(qPrintable(target), qPrintable(Path("hard"))) == 0);
+    // Left by programs that were ended: nobody holds the lock, and nobody goes on with the new file.
+    PutBytes(Path("far/.a.vellumo-new"), "half");
+    PutBytes(Path("far/.a.vellumo-lock"), QByteArray());
+    QFile reader(target);
+    QVERIFY(reader.open(QIODevice::ReadOnly));
+    {
+        const SmallDisk disk(10);
+        const Result written = WriteFile(path, QByteArray(1000, 'x'));
+        QVERIFY2(written.Message().endsWith(qt_error_string(EFBIG) +
+                                            QStringLiteral(". The earlier version was not changed.")),
+                 qPrintable(written.Message()));
+    }
+    QCOMPARE(BytesOf(target), "earlier");
+    QVERIFY(WriteFile(path, "two"));
+    QCOMPARE(BytesOf(target), "two");
+    // Whoever was reading reads the earlier version to its end, and so it stays under its other name.
+    QCOMPARE(reader.readAll(), "earlier");
+    QCOMPARE(BytesOf(Path("hard")), "earlier");
+    QVERIFY(QFileInfo(Path("link")).isSymLink() && QFileInfo(Path("linklink")).isSymLink());
+    struct stat status {};
+    QCOMPARE(stat(qPrintable(target), &status), 0);
+    QCOMPARE(status.st_mode & 07777, 0640u);
+    QVERIFY(geteuid() != 0 || (status.st_uid == 65534 && status.st_gid == 12345));
+    QCOMPARE(QDir(Path("far")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+void tst_unixfiles::WriteFile_MayNotBeReplaced_WrittenInPlace_data() {
+    QTest::addColumn<qint64>("disk");
+    QTest::newRow("room enough") << qint64(-1);
+    QTest::newRow("full") << qint64(5);
+}
+
+void tst_unixfiles::WriteFile_MayNotBeReplaced_WrittenInPlace() {
+    QFETCH(qint64, disk);
+    if (geteuid() != 0)
+        QSKIP("Only an administrator can make such a folder");
+    PutBytes(Path("a"), "1234");
+    QVERIFY(chmod(qPrintable(Path("a")), 0666) == 0 && chmod(qPrintable(folder_->path()), 01777) == 0);
     Result written = Result::Done();
     {
-        const SmallDisk disk(10);
-        written = WriteFile(Path("a"), QByteArray(1000, 'x'));
+        const OrdinaryUser user;
+        QVERIFY(user.IsReal());
+        std::optional<SmallDisk> small;
+        if (disk > 0)
+            small.emplace(disk);
+        written = WriteFile(Path("a"), "123456");
     }
-    QVERIFY(!written);
-    QVERIFY2(written.Message().contains(Path("a.earlier")), qPrintable(written.Message()));
-    // A piece was taken, and yet the message says why not the rest.
-    QVERIFY2(written.Message().contains(qt_error_string(EFBIG)), qPrintable(written.Message()));
-    QCOMPARE(Content(Path("a.earlier")), "earlier");
-    // The next failure must not take the earlier copy away.
-    {
-        const SmallDisk disk(10);
-        written = WriteFile(Path("a"), QByteArray(1000, 'y'));
-    }
-    QCOMPARE(Content(Path("a.earlier")), "earlier");
-}
-
-void tst_unixfiles::WriteFile_DiskFullThroughALink_CopyBesideTheFile() {
-    QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("far")));
-    QVERIFY(Make(Path("far/a"), "earlier"));
-    QCOMPARE(chmod(qPrintable(Path("far/a")), 0640), 0);
-    QVERIFY(QFile::link(Path("far/a"), Path("link")));
-    {
-        const SmallDisk disk(10);
-        QVERIFY(!WriteFile(Path("link"), QByteArray(1000, 'x')));
-    }
-    QCOMPARE(Content(Path("far/a.earlier")), "earlier");
-    // Who could read it before can read it still.
-    struct stat status {};
-    QCOMPARE(stat(qPrintable(Path("far/a.earlier")), &status), 0);
-    QCOMPARE(status.st_mode & 0777, 0640u);
+    QCOMPARE(written.Ok(), disk < 0);
+    QCOMPARE(BytesOf(Path("a")), written ? "123456" : "1234");
+    QCOMPARE(ModeOf(Path("a")), 0666u);
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
 }
 
 void tst_unixfiles::WriteFile_DiskFullNewFile_NoPieceLeft() {
@@ -160,32 +177,17 @@ void tst_unixfiles::WriteFile_DiskFullNewFile_NoPieceLeft() {
     QVERIFY(QFileInfo(Path("link")).isSymLink());
 }
 
-void tst_unixfiles::WriteFile_CopyDoesNotFit_TargetUntouched() {
-    QVERIFY(Make(Path("a"), "an earlier version"));
-    Result written = Result::Done();
-    {
-        const SmallDisk disk(10);
-        written = WriteFile(Path("a"), "new");
-    }
-    QVERIFY(!written);
-    QVERIFY2(written.Message().contains(QStringLiteral("The earlier version was not changed")) &&
-                 written.Message().contains(qt_error_string(EFBIG)),
-             qPrintable(written.Message()));
-    QCOMPARE(Content(Path("a")), "an earlier version");
-    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
-}
-
 void tst_unixfiles::WriteFile_NoPermission_EarlierVersionUntouched_data() {
     QTest::addColumn<uint>("folderMode");
     QTest::addColumn<uint>("fileMode");
     QTest::newRow("file") << 0777u << 0444u;
-    QTest::newRow("folder, which the copy needs") << 0555u << 0666u;
+    QTest::newRow("folder, which the new file needs") << 0555u << 0666u;
 }
 
 void tst_unixfiles::WriteFile_NoPermission_EarlierVersionUntouched() {
     QFETCH(uint, folderMode);
     QFETCH(uint, fileMode);
-    QVERIFY(Make(Path("a"), "earlier"));
+    PutBytes(Path("a"), "earlier");
     QVERIFY(chmod(qPrintable(Path("a")), fileMode) == 0 && chmod(qPrintable(folder_->path()), folderMode) == 0);
     Result written = Result::Done();
     {
@@ -196,14 +198,14 @@ void tst_unixfiles::WriteFile_NoPermission_EarlierVersionUntouched() {
     chmod(qPrintable(folder_->path()), 0700);
     QVERIFY2(written.Message().contains(QStringLiteral("Permission denied. The earlier version was not changed.")),
              qPrintable(written.Message()));
-    QCOMPARE(Content(Path("a")), "earlier");
+    QCOMPARE(BytesOf(Path("a")), "earlier");
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
 }
 
 void tst_unixfiles::WriteFile_Impossible_MessageNamesFile_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("full device") << QStringLiteral("/dev/full") << qt_error_string(ENOSPC);
+    QTest::newRow("full device") << QStringLiteral("/dev/full") << QStringLiteral("the disk is full");
     QTest::newRow("directory") << QStringLiteral("/tmp") << QStringLiteral("it is a directory");
     QTest::newRow("below a file") << QStringLiteral("/etc/passwd/x") << QStringLiteral("there is no such folder");
     QTest::newRow("folder that isn't there")
@@ -222,30 +224,46 @@ void tst_unixfiles::WriteFile_Impossible_MessageNamesFile() {
 }
 
 void tst_unixfiles::AppendToFile_DiskFull_CutBack() {
-    QVERIFY(Make(Path("a"), "earlier"));
-    Result written = Result::Done();
+    PutBytes(Path("a"), "earlier");
     {
         const SmallDisk disk(10);
-        written = AppendToFile(Path("a"), "0123456789");
+        QVERIFY(!AppendToFile(Path("a"), "0123456789"));
     }
-    QVERIFY(!written);
-    QCOMPARE(Content(Path("a")), "earlier");
+    QCOMPARE(BytesOf(Path("a")), "earlier");
+    QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_unixfiles::EarlierCopy_Offered_AsAnswered() {
+    ScriptedPrompts prompts;
+    const QString copy = Path("a.earlier(1)");
+    const auto offer = [&] {
+        return OfferEarlierCopy(
+            Path("a"), QStringLiteral("Bad."), [](const QString& p) { return p.contains(u'('); }, prompts);
+    };
+    PutBytes(Path("a"), "half");
+    PutBytes(Path("a.earlier"), "older, and bad, too");
+    QVERIFY(!offer());
+    PutBytes(copy, "whole");
+    const QString question = QStringLiteral("is in '%1'. Use it? What is in the file now will be kept as '%2'.");
+    prompts.Expect(question.arg(copy, Path("a.damaged")), PromptAnswer::No).InPart();
+    QVERIFY(!offer());
+    QCOMPARE(BytesOf(Path("a")), "half");
+    prompts.Expect(question.arg(copy, Path("a.damaged")), PromptAnswer::Yes).InPart();
+    QVERIFY(offer());
+    QCOMPARE(BytesOf(Path("a")), "whole");
+    QCOMPARE(BytesOf(Path("a.damaged")), "half");
+    QVERIFY(!QFile::exists(copy) && !offer());
 }
 
 void tst_unixfiles::MakeDirectory_Client_OwnerOnly() {
     MakeDirectory(Path("clients/Ann"));
     QVERIFY(DirectoryExists(Path("clients/Ann")));
-    for (const char* made : {"clients", "clients/Ann"}) {
-        struct stat status {};
-        QCOMPARE(stat(qPrintable(Path(made)), &status), 0);
-        QCOMPARE(status.st_mode & 0777, 0700u);
-    }
-    struct stat others {};
+    for (const char* made : {"clients", "clients/Ann"})
+        QCOMPARE(ModeOf(Path(made)), 0700u);
     QVERIFY(QDir().mkdir(Path("shared")) && chmod(qPrintable(Path("shared")), 0755) == 0);
     MakeDirectory(Path("shared/Bo"));
     MakeDirectory(Path("shared"));
-    QCOMPARE(stat(qPrintable(Path("shared")), &others), 0);
-    QCOMPARE(others.st_mode & 0777, 0755u);
+    QCOMPARE(ModeOf(Path("shared")), 0755u);
     MakeDirectory(QStringLiteral("/etc/passwd/x"));
     QVERIFY(!DirectoryExists(QStringLiteral("/etc/passwd/x")));
 }

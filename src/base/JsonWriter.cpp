@@ -1,4 +1,4 @@
-#include "cli/JsonWriter.h"
+#include "base/JsonWriter.h"
 
 namespace {
 
@@ -7,6 +7,14 @@ bool StandsAlone(QStringView text, qsizetype i) {
     if (c.isHighSurrogate())
         return i + 1 == text.size() || !text[i + 1].isLowSurrogate();
     return c.isLowSurrogate() && (i == 0 || !text[i - 1].isHighSurrogate());
+}
+
+/// Whether a text's character can be written as it is.
+bool IsPlain(QStringView text, qsizetype i, JsonForm form) {
+    const char16_t c = text[i].unicode();
+    if (c < 0x20 || c == u'"' || c == u'\\' || c == 0x7f)
+        return false;
+    return form == JsonForm::Readable ? !StandsAlone(text, i) : c < 0x7f && !QStringView(u"<>&'`[]").contains(text[i]);
 }
 
 QByteArray Escaped(char16_t c) { return "\\u" + QByteArray::number(c, 16).rightJustified(4, '0'); }
@@ -23,6 +31,11 @@ void JsonWriter::Separate() {
     if (depth_ > 0)
         NewLine();
     first_ = false;
+}
+
+void JsonWriter::NewLine() {
+    if (form_ == JsonForm::Readable)
+        json_ += '\n' + QByteArray(depth_ * 2, ' ');
 }
 
 void JsonWriter::Open(char bracket) {
@@ -43,7 +56,7 @@ void JsonWriter::Close(char bracket) {
 void JsonWriter::Key(QStringView name) {
     Separate();
     Quote(name);
-    json_ += ": ";
+    json_ += form_ == JsonForm::Readable ? ": " : ":";
     afterKey_ = true;
 }
 
@@ -63,11 +76,11 @@ void JsonWriter::Quote(QStringView text) {
     const auto flush = [&](qsizetype upTo) { json_ += text.sliced(plain, upTo - plain).toUtf8(); };
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t c = text[i].unicode();
-        if (c >= 0x20 && c != u'"' && c != u'\\' && c != 0x7f && !StandsAlone(text, i))
+        if (IsPlain(text, i, form_))
             continue;
         flush(i);
         plain = i + 1;
-        if (c == u'"' || c == u'\\')
+        if ((c == u'"' || c == u'\\') && form_ == JsonForm::Readable)
             json_ += '\\', json_ += static_cast<char>(c);
         else if (c == u'\n')
             json_ += "\\n";

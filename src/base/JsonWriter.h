@@ -3,10 +3,20 @@
 #include <QByteArray>
 #include <QStringView>
 
-/// Writes JSON with its keys in the order in which they come, indented by two blanks, lines ended by LF. Every text can
-/// be written: control characters and halves of surrogate pairs are escaped.
+enum class JsonForm {
+    /// Indented by two blanks, lines ended by LF.
+    Readable,
+    /// Without line ends, and every character of a text escaped that could mean something to markup or script around it
+    /// or lies outside of ASCII: the texts then stay texts wherever they are put.
+    Embedded
+};
+
+/// Writes JSON with its keys in the order in which they come. Every text can be written: control characters and halves
+/// of surrogate pairs are escaped.
 class JsonWriter {
   public:
+    explicit JsonWriter(JsonForm form = JsonForm::Readable) : form_(form) {}
+
     void BeginObject() { Open('{'); }
     void EndObject() { Close('}'); }
     void BeginArray() { Open('['); }
@@ -22,17 +32,18 @@ class JsonWriter {
     void NumberAt(QStringView key, qint64 number) { Key(key), Number(number); }
     void BooleanAt(QStringView key, bool value) { Key(key), Boolean(value); }
 
-    /// What has been written, with a line end behind it.
-    QByteArray Json() const { return json_ + '\n'; }
+    /// What has been written, with a line end after it in the readable form.
+    QByteArray Json() const { return form_ == JsonForm::Readable ? json_ + '\n' : json_; }
 
   private:
     void Open(char bracket);
     void Close(char bracket);
     void Token(const QByteArray& token);
     void Separate();
-    void NewLine() { json_ += '\n' + QByteArray(depth_ * 2, ' '); }
+    void NewLine();
     void Quote(QStringView text);
 
+    JsonForm form_;
     QByteArray json_;
     int depth_ = 0;
     bool first_ = true;
