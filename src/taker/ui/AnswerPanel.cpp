@@ -27,6 +27,12 @@ void FocusAnew(QWidget& box) {
     box.setFocus();
 }
 
+/// Takes the room that is left, and asks for little.
+class LongAnswerBox : public QPlainTextEdit {
+  public:
+    QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), minimumHeight()}; }
+};
+
 bool IsReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 } // namespace
@@ -45,7 +51,7 @@ AnswerPanel::AnswerPanel(const AnswerSizes& sizes, QWidget* parent) : QWidget(pa
     shortAnswer_ = new QLineEdit;
     shortAnswer_->setMinimumHeight(5 * GridUnit);
     MakeBox(0, shortAnswer_, QStringLiteral("Enter"));
-    longAnswer_ = new QPlainTextEdit;
+    longAnswer_ = new LongAnswerBox;
     longAnswer_->setTabChangesFocus(true);
     longAnswer_->setMinimumHeight(8 * GridUnit);
     MakeBox(1, longAnswer_, QStringLiteral("Ctrl+Enter"));
@@ -168,10 +174,13 @@ void AnswerPanel::Show(const Administration& course, const Session& session) {
         ShowTyped(course, session);
     LblCannotAnswer_->setText(course.CannotAnswer() +
                               QStringLiteral(" 'Continue' goes on; the question counts as not answered."));
-    FrmAnswer_[Buttons]->setVisible(course.ShowsMultichoice());
-    FrmAnswer_[ShortBox]->setVisible(course.ShowsShortAnswer());
-    FrmAnswer_[LongBox]->setVisible(course.ShowsLongAnswer());
-    FrmAnswer_[NoAnswer]->setVisible(!course.CannotAnswer().isEmpty());
+    const std::array<bool, 4> shown{course.ShowsMultichoice(), course.ShowsShortAnswer(), course.ShowsLongAnswer(),
+                                    !course.CannotAnswer().isEmpty()};
+    // What goes, goes first: the window would grow to hold both.
+    for (const bool visible : {false, true})
+        for (size_t i = 0; i < shown.size(); ++i)
+            if (shown[i] == visible)
+                FrmAnswer_[i]->setVisible(visible);
     if (QGroupBox* frame = ShownFrame())
         frame->setAccessibleName(spokenQuestion_);
 }

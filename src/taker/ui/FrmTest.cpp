@@ -165,10 +165,12 @@ void FrmTest::Guarded(const std::function<void()>& action) {
 }
 
 void FrmTest::ShowPage() {
-    // First: what has gone makes room for what comes, and the window needn't grow for both.
+    const bool question = course_.Page() == TestPage::Question;
+    // What goes, goes first: the window would grow to hold both.
+    if (!question)
+        answers_->hide();
     ShowButtons();
     framequest_->setTitle(WithoutMnemonic(course_.FrameCaption()));
-    const bool question = course_.Page() == TestPage::Question;
     if (question)
         TxtQuest_->ShowQuestion(course_.PageText());
     else
@@ -176,8 +178,8 @@ void FrmTest::ShowPage() {
                                    course_.Page() == TestPage::Completed ? Qt::AlignHCenter : Qt::AlignLeft);
     // What is shown takes the room: the answers below a question, the text alone otherwise.
     framequest_->setSizePolicy(QSizePolicy::Expanding, question ? QSizePolicy::Maximum : QSizePolicy::Expanding);
-    answers_->setVisible(question);
     answers_->Show(course_, parts_.TheSession);
+    answers_->setVisible(question);
     ShowStatus();
     if (course_.BeginVisible())
         CmdBegin_->setFocus();
@@ -248,6 +250,12 @@ void FrmTest::mnutestshow_Click(int index) {
             else
                 course_.ShowQuestionListing();
         });
+}
+
+void FrmTest::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const bool roomy = width() >= 80 * GridUnit && height() >= 60 * GridUnit;
+    SetRoom(*centralWidget()->layout(), roomy ? 2 : 1, 1);
 }
 
 void FrmTest::keyPressEvent(QKeyEvent* event) {

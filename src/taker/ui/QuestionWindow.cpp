@@ -35,7 +35,7 @@ QSize QuestionWindow::sizeHint() const {
     return {60 * GridUnit, qBound(leastHeight_, needed, qMax(leastHeight_, window()->height() * 2 / 5))};
 }
 
-QSize QuestionWindow::minimumSizeHint() const { return {30 * GridUnit, qMin(leastHeight_ / 2, 6 * GridUnit)}; }
+QSize QuestionWindow::minimumSizeHint() const { return {30 * GridUnit, qMin(leastHeight_ / 2, 5 * GridUnit)}; }
 
 void QuestionWindow::resizeEvent(QResizeEvent* event) {
     QTextEdit::resizeEvent(event);
