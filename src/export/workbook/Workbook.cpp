@@ -67,6 +67,11 @@ CellValue Workbook::Cell(int row, int column) {
     return cell ? Meaning(*cell) : CellValue();
 }
 
+bool Workbook::HasFormula(int row, int column) {
+    const auto there = cells_->Find(row, column);
+    return there && there->HasFormula;
+}
+
 CellValue Workbook::Meaning(const StoredCell& cell) {
     // A formula is something even where its result is an empty text.
     if (!cell.HasValue)
@@ -95,9 +100,9 @@ CellValue Workbook::Meaning(const StoredCell& cell) {
 
 void Workbook::SetCell(int row, int column, const CellValue& value) {
     CheckFits(row, column, value);
-    const auto there = cells_->Find(row, column);
-    if (there && there->HasFormula)
+    if (HasFormula(row, column))
         throw Refused(row, column, QStringLiteral("holds a formula, which would be lost"));
+    const auto there = cells_->Find(row, column);
     written_.Set(row, column,
                  CellElement(outline_.Prefix, row, column, StyleFor(row, column, value, there), value, map_.From1904));
 }
