@@ -5,9 +5,11 @@
 
 namespace {
 
-/// The notes in the lock, each with the number of the copy: while that is made, and while the file is written over.
+/// The notes in the lock, each with the number of the copy: while that is made, while the file is written over, and
+/// when that failed.
 const QByteArray Copying = "copying ";
 const QByteArray Over = "over ";
+const QByteArray Back = "back ";
 
 /// The name of the copy with that number.
 QString CopyName(const QString& target, int number) {
@@ -91,9 +93,11 @@ WriteOutcome WriteInPlace(const QString& target, const QString& fresh, const QBy
         return {false, QStringLiteral("its earlier version can't be set aside: ") + reason, unchanged};
     }
     const auto done = [&](const WriteOutcome& outcome) {
-        QFile::remove(copy);
-        QFile::remove(fresh);
-        note({});
+        // With the note that is there, the next one who takes the lock tries it again.
+        if (QFile::remove(copy)) {
+            QFile::remove(fresh);
+            note({});
+        }
         return outcome;
     };
     note(Over + QByteArray::number(number));
@@ -102,13 +106,16 @@ WriteOutcome WriteInPlace(const QString& target, const QString& fresh, const QBy
         return done({true, {}, {}});
     const QString reason = ReasonOf(file);
     file.Close();
+    note(Back + QByteArray::number(number));
     DiskFile again(target, DiskFile::Way::InPlace);
     if (Overwrite(again, earlier))
         return done({false, reason, unchanged});
     return {false, reason, QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")};
 }
 
-bool IsWrittenOver(const QByteArray& note) { return note.startsWith(Copying) || note.startsWith(Over); }
+bool IsWrittenOver(const QByteArray& note) {
+    return note.startsWith(Copying) || note.startsWith(Over) || note.startsWith(Back);
+}
 
 bool PutBackEarlier(const QString& target, const QByteArray& note) {
     const QString copy = CopyName(target, note.sliced(note.indexOf(' ') + 1).toInt());
@@ -121,14 +128,11 @@ bool PutBackEarlier(const QString& target, const QByteArray& note) {
             return !QFile::exists(*name); // somebody who may read it can still do it
     if (note.startsWith(Copying) ? !now.startsWith(earlier) : !IsMixOf(now, fresh, earlier))
         return true; // what was changed since stays, and so does the copy
-    if (note.startsWith(Over) && now != fresh) {
-        DiskFile file(target, DiskFile::Way::InPlace);
-        if (!Overwrite(file, earlier))
-            return false;
-    }
-    QFile::remove(copy);
-    QFile::remove(freshName);
-    return true;
+    const bool isComplete = note.startsWith(Copying) || (note.startsWith(Over) && now == fresh);
+    DiskFile file(target, DiskFile::Way::InPlace);
+    if (!isComplete && !Overwrite(file, earlier))
+        return false;
+    return QFile::remove(copy) && QFile::remove(freshName);
 }
 
 void AwaitWriter(const QString& path) {

@@ -210,7 +210,7 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
         return {false, own.Reason(), info.exists() ? Unchanged : NothingThere};
     FileLock* lock = manner.Held ? manner.Held : own.Lock();
     const WriteOutcome outcome = Replacing(QDir::toNativeSeparators(target), content, manner, lock).Run();
-    if (outcome.Written && lock && !lock->Note().isEmpty())
+    if (outcome.Written && lock && !lock->Note().isEmpty() && !IsWrittenOver(lock->Note()))
         lock->SetNote({}); // whatever was cut off before is gone
     return outcome;
 }
