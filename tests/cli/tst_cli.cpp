@@ -485,11 +485,11 @@ class tst_cli : public QObject {
         QCOMPARE(ran.Err, QByteArray());
         QCOMPARE(ran.Status, 0);
         QCOMPARE(QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList{QStringLiteral("Ann_Lee")});
-        QCOMPARE(QDir(directory + QStringLiteral("/Ann_Lee")).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("Cl Ann_Lee(1).txt"), QStringLiteral("Cl Ann_Lee.txt")}));
+                 QStringList{QStringLiteral("Ann_Lee~19c5fc")});
+        QCOMPARE(QDir(directory + QStringLiteral("/Ann_Lee~19c5fc")).entryList(QDir::Files),
+                 (QStringList{QStringLiteral("Cl Ann_Lee~19c5fc(1).txt"), QStringLiteral("Cl Ann_Lee~19c5fc.txt")}));
         const QByteArray report = Run({QStringLiteral("report"), client, Csv(csv), QStringLiteral("--row=2")}).Out;
-        QCOMPARE(BytesOf(directory + QStringLiteral("/Ann_Lee/Cl Ann_Lee(1).txt")), report + "\r\n");
+        QCOMPARE(BytesOf(directory + QStringLiteral("/Ann_Lee~19c5fc/Cl Ann_Lee~19c5fc(1).txt")), report + "\r\n");
 
         const QString append =
             TestFile("Ap.vlm", SmallTest + "[APPEND TO REPORT FILE][AUTOSAVE FILENAME]all.x[/AUTOSAVE FILENAME]");
