@@ -7,6 +7,7 @@
  *   TRIAL_ACTION  before  the program is killed, and the operation does not happen
  *                 after   the operation happens, half of it when it writes, and the program is killed
  *                 full    this operation and all later ones that need room fail: the disk is full
+ *                 quota   the same for what the user may fill of it
  *                 part    this operation writes half, and all later ones that need room fail: the disk is full
  *                 fail    this operation alone fails, with an input/output error
  *                 deny    this operation alone fails: permission denied
@@ -27,7 +28,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-enum action { NOTHING, BEFORE, AFTER, FULL, PART, FAIL, DENY };
+enum action { NOTHING, BEFORE, AFTER, FULL, QUOTA, PART, FAIL, DENY };
 enum kind { MAKES, WRITES, OTHER };
 
 #define MOST_FILES 4096
@@ -51,6 +52,7 @@ __attribute__((constructor)) static void begin(void) {
         action = !strcmp(name, "before") ? BEFORE
                  : !strcmp(name, "after") ? AFTER
                  : !strcmp(name, "full")  ? FULL
+                 : !strcmp(name, "quota") ? QUOTA
                  : !strcmp(name, "part")  ? PART
                  : !strcmp(name, "fail")  ? FAIL
                  : !strcmp(name, "deny")  ? DENY
@@ -93,7 +95,7 @@ static int meet(enum kind kind, const char *what, const char *path) {
     ++count;
     note(what, path);
     if (isFull && kind != OTHER) {
-        errno = ENOSPC;
+        errno = action == QUOTA ? EDQUOT : ENOSPC;
         return -1;
     }
     if (count != at)
@@ -105,10 +107,11 @@ static int meet(enum kind kind, const char *what, const char *path) {
     case AFTER:
         return 1;
     case FULL:
+    case QUOTA:
         isFull = 1;
         if (kind == OTHER)
             return 0;
-        errno = ENOSPC;
+        errno = action == QUOTA ? EDQUOT : ENOSPC;
         return -1;
     case PART:
         isFull = 1;

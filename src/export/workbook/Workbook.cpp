@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 MaxSheetBytes = qint64(2) << 30;
 constexpr qint64 MaxAllSheetsBytes = 2 * MaxSheetBytes;
 /// A sheet of at most so many bytes is kept in memory, so that it is unpacked once.
-constexpr qint64 MostKeptBytes = 32 << 20;
+constexpr qint64 MostKeptBytes = 64 << 20;
 /// What a changed sheet may get besides its new cells and rows.
 constexpr qint64 BytesAroundRows = 1 << 10;
 constexpr qint64 MaxSharedBytes = 256 << 20;
