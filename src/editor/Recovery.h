@@ -57,7 +57,7 @@ class Recovery {
   private:
     std::vector<RecoveredTest> AllLeft(bool inThisRunToo) const;
     void RemoveCopy();
-    bool TakeFreePlace();
+    QString TakeFreePlace();
     void LetGo();
 
     QString folder_;

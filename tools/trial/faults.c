@@ -1,5 +1,5 @@
 /*
- * Loaded into vellumo-cli by tools/trial/trial (LD_PRELOAD): numbers each operation that changes a file below one folder,
+ * Loaded into a program by tools/trial/trial (LD_PRELOAD): numbers each operation that changes a file below one folder,
  * from 1, and kills the program or fails the operation at a given number. Its settings come from the environment:
  *
  *   TRIAL_FOLDER  the folder, as a real path that ends without a slash; operations elsewhere are not counted
