@@ -1,6 +1,7 @@
 #include "editor/ui/frmTestEditor.h"
 
 #include "editor/FindingsText.h"
+#include "platform/Guarded.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
@@ -192,15 +193,7 @@ void frmTestEditor::ConnectPages() {
     connect(findings_, &FindingsLine::Chosen, this, [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
 }
 
-void frmTestEditor::Guarded(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        parts_.Boxes.Inform(failure.Message());
-    } catch (const std::exception& failure) {
-        parts_.Boxes.Inform(QString::fromLocal8Bit(failure.what()));
-    }
-}
+void frmTestEditor::Guarded(const std::function<void()>& action) { RunGuarded(parts_.Boxes, action); }
 
 void frmTestEditor::RefreshFromTest() {
     checks_->RefreshFromTest();
