@@ -1,12 +1,17 @@
 #include "taker/Leaving.h"
 
+#include "base/Text.h"
 #include "taker/Answers.h"
+#include "taker/Scoring.h"
 
 #include <QScopeGuard>
 
 #include <utility>
 
 namespace {
+
+/// A test may have fifty sub-scales; the line has to stay readable.
+constexpr qsizetype MostScalesNamed = 5;
 
 const QString LeaveTitle = QStringLiteral("Leave the Test");
 
@@ -53,6 +58,25 @@ QString WhatWouldBeLost(const Session& session, LeavingLoses loses) {
            drafts;
 }
 
+/// The scales of the row that have unanswered questions, each with what is answered; empty when there is none.
+QString IncompleteScores(const Session& session) {
+    const TestDocument& test = session.Test;
+    const std::vector<Completeness> scales = CompletenessOf(test, session.Responses);
+    QStringList incomplete;
+    const auto add = [&](const QString& name, const Completeness& scale) {
+        if (scale.Incomplete())
+            incomplete += name + u' ' + scale.Text();
+    };
+    if (test.TestOption(IncludeTotalScoreInExcel))
+        add(QStringLiteral("total"), scales[0]);
+    for (int s = 1; s <= test.SubscaleCount && test.TestOption(IncludeSubscalesInExcel); ++s)
+        add(Quoted(test.SubscaleName(s)), scales[static_cast<size_t>(s)]);
+    if (incomplete.size() > MostScalesNamed)
+        incomplete = incomplete.first(MostScalesNamed)
+                     << QStringLiteral("and %1 more").arg(incomplete.size() - MostScalesNamed);
+    return incomplete.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 QStringList FilingLines(const Session& session) {
@@ -64,9 +88,11 @@ QStringList FilingLines(const Session& session) {
     else if (!filed.ReportPath.isEmpty())
         lines += QStringLiteral("The report in '") + filed.ReportPath + QStringLiteral("' holds earlier answers.") +
                  (buttons ? QStringLiteral(" 'Auto-Report' writes a new one.") : QString());
-    if (InWorkbook(session))
+    if (InWorkbook(session)) {
         lines += QStringLiteral("The results were added to '") + session.SpreadsheetFilePath + u'\'';
-    else if (!session.SpreadsheetFilePath.isEmpty())
+        if (const QString scores = IncompleteScores(session); !scores.isEmpty())
+            lines += QStringLiteral("Scores of the row that are not complete: ") + scores;
+    } else if (!session.SpreadsheetFilePath.isEmpty())
         lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath +
                  QStringLiteral("' holds earlier answers.") +
                  (buttons ? QStringLiteral(" 'Export' adds a new one.") : QString());
