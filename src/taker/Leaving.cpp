@@ -6,6 +6,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace {
@@ -15,16 +17,46 @@ constexpr qsizetype MostScalesNamed = 5;
 
 const QString LeaveTitle = QStringLiteral("Leave the Test");
 
+bool UsesAny(const TestDocument& test, std::initializer_list<Option> options) {
+    return std::ranges::any_of(options, [&](Option option) { return test.TestOption(option); });
+}
+
+bool ReportNamesEarlierClient(const Session& session) {
+    return session.Filed.ReportClient != session.ClientName &&
+           UsesAny(session.Test, {PromptClientName, AutosaveReportAsClient, AutosaveReportDirectoryAsClient});
+}
+
+bool RowNamesEarlierClient(const Session& session) {
+    return session.Filed.WorkbookClient != session.ClientName &&
+           UsesAny(session.Test,
+                   {IncludeClientNameInExcel, AutosaveExcelDirectoryAsClient, AutosaveExcelReportAsClient});
+}
+
 bool InReportFile(const Session& session) {
-    return !session.Filed.ReportPath.isEmpty() && session.Filed.Report.SameAnswers(session.Responses);
+    return !session.Filed.ReportPath.isEmpty() && session.Filed.Report.SameAnswers(session.Responses) &&
+           !ReportNamesEarlierClient(session);
 }
 
 bool InWorkbook(const Session& session) {
-    return !session.SpreadsheetFilePath.isEmpty() && session.Filed.Workbook.SameAnswers(session.Responses);
+    return !session.SpreadsheetFilePath.isEmpty() && session.Filed.Workbook.SameAnswers(session.Responses) &&
+           !RowNamesEarlierClient(session);
+}
+
+/// What a file holds that isn't up to date, for a sentence about it.
+QString HoldsEarlier(const Session& session, const ResponseSet& filed) {
+    return filed.SameAnswers(session.Responses) ? QStringLiteral("' is for the client's earlier name.")
+                                                : QStringLiteral("' holds earlier answers.");
 }
 
 bool OnScreen(const Session& session) {
     return session.Filed.Shown && session.Filed.Shown->SameAnswers(session.Responses);
+}
+
+/// In some file, be it under another name.
+bool AnswersAreSaved(const Session& session) {
+    const FiledAnswers& filed = session.Filed;
+    return (!filed.ReportPath.isEmpty() && filed.Report.SameAnswers(session.Responses)) ||
+           (!session.SpreadsheetFilePath.isEmpty() && filed.Workbook.SameAnswers(session.Responses));
 }
 
 QString DraftsSentence(const Session& session) {
@@ -51,11 +83,14 @@ QString WhatWouldBeLost(const Session& session, LeavingLoses loses) {
         break;
     }
     const QString earlier = session.Filed.ReportPath.isEmpty() ? session.SpreadsheetFilePath : session.Filed.ReportPath;
-    return (earlier.isEmpty() ? QStringLiteral("The answers to this test are in no report and in no workbook. If you "
-                                               "leave it now, they are lost.")
-                              : QStringLiteral("Answers were changed after they were saved in '") + earlier +
-                                    QStringLiteral("'. If you leave the test now, the changes are lost.")) +
-           drafts;
+    if (earlier.isEmpty())
+        return QStringLiteral("The answers to this test are in no report and in no workbook. If you leave it now, they "
+                              "are lost.") +
+               drafts;
+    const QString changed = AnswersAreSaved(session)
+                                ? QStringLiteral("The client's name was changed after the answers were saved in '")
+                                : QStringLiteral("Answers were changed after they were saved in '");
+    return changed + earlier + QStringLiteral("'. If you leave the test now, the changes are lost.") + drafts;
 }
 
 /// The scales of the row that have unanswered questions, each with what is answered; empty when there is none.
@@ -86,15 +121,14 @@ QStringList FilingLines(const Session& session) {
     if (InReportFile(session))
         lines += QStringLiteral("The report was saved in '") + filed.ReportPath + u'\'';
     else if (!filed.ReportPath.isEmpty())
-        lines += QStringLiteral("The report in '") + filed.ReportPath + QStringLiteral("' holds earlier answers.") +
+        lines += QStringLiteral("The report in '") + filed.ReportPath + HoldsEarlier(session, filed.Report) +
                  (buttons ? QStringLiteral(" 'Auto-Report' writes a new one.") : QString());
     if (InWorkbook(session)) {
         lines += QStringLiteral("The results were added to '") + session.SpreadsheetFilePath + u'\'';
         if (const QString scores = IncompleteScores(session); !scores.isEmpty())
             lines += QStringLiteral("Scores of the row that are not complete: ") + scores;
     } else if (!session.SpreadsheetFilePath.isEmpty())
-        lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath +
-                 QStringLiteral("' holds earlier answers.") +
+        lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath + HoldsEarlier(session, filed.Workbook) +
                  (buttons ? QStringLiteral(" 'Export' adds a new one.") : QString());
     return lines;
 }
@@ -102,10 +136,12 @@ QStringList FilingLines(const Session& session) {
 Result ExportResults(SpreadsheetExporter& exporter, Session& session) {
     const QString earlier = std::exchange(session.SpreadsheetFilePath, QString());
     const auto noted = qScopeGuard([&] {
-        if (session.SpreadsheetFilePath.isEmpty())
+        if (session.SpreadsheetFilePath.isEmpty()) {
             session.SpreadsheetFilePath = earlier;
-        else
+        } else {
             session.Filed.Workbook = session.Responses;
+            session.Filed.WorkbookClient = session.ClientName;
+        }
     });
     return exporter.Export(session);
 }

@@ -675,6 +675,15 @@ void tst_frmtest::AutoReport_Dialog_FirstAndSecondTime() {
     taking.Do(AllAnswered);
     QVERIFY(QFile::exists(taking.folder.filePath(QStringLiteral("Mood Ann Lee.txt"))));
 
+    // The name is corrected afterwards.
+    taking.session.ClientName = QStringLiteral("Anna Lee");
+    Choose(*taking.window, QStringLiteral("mnuclient"));
+    QVERIFY2(taking.Status().endsWith(u"is for the client's earlier name. 'Auto-Report' writes a new one."),
+             qPrintable(taking.Status()));
+    taking.prompts.ExpectChoice(QStringLiteral("The client's name was changed"), QStringLiteral("Cancel")).InPart();
+    taking.Do(QStringLiteral("q"));
+    taking.session.ClientName = QStringLiteral("Ann Lee");
+
     DialogDriver driver([](QDialog& dialog) {
         QVERIFY(Find<QLabel>(dialog, QStringLiteral("LblNote")).isVisible());
         QCOMPARE(Find<QLineEdit>(dialog, QStringLiteral("Text1")).text(), QStringLiteral("Mood Ann Lee(1).txt"));

@@ -137,8 +137,10 @@ void FrmTest::ConnectMenus() {
     connect(menus_, &TestMenus::mnut_Click, this, &FrmTest::mnut_Click);
     connect(menus_, &TestMenus::mnusize_Click, this, &FrmTest::ChangeReadingSize);
     addActions(menus_->SizeItems());
-    connect(menus_, &TestMenus::mnuclient_Click, this,
-            [&navigator] { navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator")); });
+    connect(menus_, &TestMenus::mnuclient_Click, this, [this, &navigator] {
+        navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator"));
+        ShowStatus();
+    });
     connect(menus_, &TestMenus::mnugeneraloptions_Click, this, [&navigator] { navigator.ShowGeneralOptions(); });
     connect(menus_, &TestMenus::hlpy_Click, this, [&navigator] { navigator.ShowHelp(HelpTopic::TestWindow); });
     connect(menus_, &TestMenus::mnuhelpabout_Click, this, [&navigator] { navigator.ShowAbout(); });
