@@ -46,8 +46,7 @@ void Generate(Session& session, Console& console) {
     if (const Result generated = GenerateHtml(session, prompts, console.ProgramFolder); !generated)
         throw Failure(QStringLiteral("The reason: ") + generated.Message());
     if (session.GeneratedHtml.trimmed().isEmpty())
-        throw Failure(QStringLiteral("The template '") + session.HtmlTemplatePath +
-                      QStringLiteral("' makes no page: it has none of the sections that a page consists of"));
+        throw Failure(TemplateMakesNoPage(session.HtmlTemplatePath));
 }
 
 int Run(const CommandLine& line, Console& console) {

@@ -3,12 +3,15 @@
 #include "editor/LeftTest.h"
 #include "platform/Directories.h"
 #include "testdoc/EarlierTest.h"
-#include "testdoc/TestWriter.h"
+#include "testdoc/LostBySaving.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
+
+#include <utility>
 
 namespace {
 
@@ -162,32 +165,36 @@ bool EditorFile::SaveNew() {
     // A link that leads nowhere is someone's, too.
     if (const QFileInfo file(path); file.exists() || file.isSymLink())
         return SaveAs();
-    parts_.Test.TestFileName = path;
-    const bool saved = SaveTest();
-    if (!saved && !QFileInfo::exists(path)) {
-        parts_.Test.TestFileName = name;
-        view_.ShowTitle(Title());
-    }
-    return saved;
+    return SaveTest(path);
 }
 
 bool EditorFile::SaveToKnownFile() {
     const QString path = parts_.Test.TestFileName;
     const QByteArray now = DigestOf(path);
-    if (!inFileThen_ || now.isEmpty() || now == *inFileThen_)
-        return SaveTest();
+    const QString file = QStringLiteral("The file '") + path + u'\'';
+    QString question;
+    QString title;
+    if (inFileThen_ && !now.isEmpty() && now != *inFileThen_) {
+        title = QStringLiteral("Changed Elsewhere");
+        question = file + QStringLiteral(" was changed by another program after it was opened here. To replace it "
+                                         "loses what was written to it then.");
+    } else if (const QStringList lost = LostBySaving(parts_.Test, path); !lost.isEmpty()) {
+        title = QStringLiteral("Not All Was Read");
+        question = file + QStringLiteral(" holds something that isn't in the editor, and to replace it loses that. ") +
+                   FirstLost(lost) + u'.';
+    }
+    if (question.isEmpty())
+        return SaveTest(path);
     enum { ReplaceIt, SaveItAs };
-    switch (parts_.Boxes.Choose({QStringLiteral("The file '") + path +
-                                     QStringLiteral("' was changed by another program after it was opened here. To "
-                                                    "replace it loses what was written to it then."),
+    switch (parts_.Boxes.Choose({question,
                                  {{QStringLiteral("&Replace"), ChoiceRole::Discard},
                                   {QStringLiteral("Save &As")},
                                   {QStringLiteral("Cancel"), ChoiceRole::Reject}},
                                  SaveItAs,
                                  2,
-                                 QStringLiteral("Changed Elsewhere")})) {
+                                 title})) {
     case ReplaceIt:
-        return SaveTest();
+        return SaveTest(path);
     case SaveItAs:
         return SaveAs();
     default:
@@ -201,29 +208,39 @@ bool EditorFile::SaveAs() {
     const QString path = parts_.Files.SaveFile(
         {{}, QStringLiteral("Text Files (*.vlm)|*.vlm| All Files (*.*)|*.*"), {}, QStringLiteral(".vlm")});
     ChangeDirectory(parts_.UserSettings.DefaultDirectory);
-    if (path.isEmpty())
-        return false;
-    parts_.Test.TestFileName = AbsolutePath(path);
-    if (!SaveTest())
+    if (path.isEmpty() || !SaveTest(AbsolutePath(path)))
         return false;
     view_.ShowHome();
     return true;
 }
 
-bool EditorFile::SaveTest() {
+/// The name changes only with a file under it: Save would go to a place that was refused otherwise.
+SaveOutcome EditorFile::WriteTo(const QString& path) {
+    const QString before = std::exchange(parts_.Test.TestFileName, path);
+    auto takeBack = qScopeGuard([&] { parts_.Test.TestFileName = before; });
+    SaveOutcome outcome = SaveTestFile(parts_.Test);
+    if (outcome.Written)
+        takeBack.dismiss();
+    return outcome;
+}
+
+bool EditorFile::SaveTest(const QString& path) {
+    saved_ = false;
+    const SaveOutcome outcome = WriteTo(path);
+    if (outcome.Written) {
+        saved_ = inFile_ = true;
+        inFileThen_ = DigestOf(path);
+        if (parts_.Saved)
+            parts_.Saved(path);
+    }
     view_.ShowTitle(Title());
-    const SaveOutcome outcome = SaveTestFile(parts_.Test);
-    saved_ = inFile_ = outcome.Written;
-    if (outcome.Written && parts_.Saved)
-        parts_.Saved(parts_.Test.TestFileName);
-    inFileThen_ = DigestOf(parts_.Test.TestFileName);
     if (outcome.OpensAgain)
         parts_.Copies.Drop(parts_.Test);
-    else if (outcome.Written)
-        KeepCopy(); // the only way back into the editor
     view_.ShowSaveState(SaveState());
     if (!outcome.Message.isEmpty())
         parts_.Boxes.Inform(outcome.Message);
+    if (!outcome.OpensAgain)
+        KeepCopy(); // the only way back into the editor
     return outcome.Written && outcome.OpensAgain;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Prompts.h"
 #include "settings/Settings.h"
 #include "testdoc/TestDocument.h"
+#include "testdoc/TestWriter.h"
 
 #include <QStringList>
 
@@ -59,7 +60,8 @@ class EditorFile {
     void OpenListed(int i);
     /// Save and SaveAs say whether the test is in its file now and can be opened again. Save asks for a name as SaveAs
     /// does where the test has none, or one of a new test that another file has already; and it asks before it replaces
-    /// what another program wrote to the file meanwhile.
+    /// what another program wrote to the file meanwhile, or what is in the file and wasn't read. While nothing is written
+    /// the test keeps the name that it had.
     bool Save();
     bool SaveAs();
 
@@ -101,7 +103,8 @@ class EditorFile {
     void OpenPath(const QString& path, Answer answer);
     bool Read(const QString& path, TestDocument& into);
     void Replace(const TestDocument& test, Answer answer);
-    bool SaveTest();
+    SaveOutcome WriteTo(const QString& path);
+    bool SaveTest(const QString& path);
     bool SaveNew();
     bool SaveToKnownFile();
 

@@ -13,6 +13,7 @@
 
 namespace {
 
+const QString NoCopy = QStringLiteral("No copy of the unsaved changes can be kept");
 const QString Extension = QStringLiteral(".recovery");
 /// The longest test of the longest texts stays far below it.
 constexpr qint64 LongestCopy = 64 << 20;
@@ -98,12 +99,11 @@ Result Recovery::Keep(const TestDocument& test, const TypedEntries& typed) {
         return Result::Done();
     }
     if (path_.isEmpty() && !TakeFreePlace())
-        return Result::Failed(QStringLiteral("No copy of the unsaved changes can be kept in the folder '") + folder_ +
-                              QStringLiteral("'."));
-    const Result written = WriteFile(path_, CopyOf(snapshot, time_.Now()));
-    if (written)
-        kept_ = snapshot;
-    return written;
+        return Result::Failed(NoCopy + QStringLiteral(" in the folder '") + folder_ + QStringLiteral("'."));
+    if (const Result written = WriteFile(path_, CopyOf(snapshot, time_.Now())); !written)
+        return Result::Failed(NoCopy + QStringLiteral(". ") + written.Message());
+    kept_ = snapshot;
+    return Result::Done();
 }
 
 void Recovery::Drop(const TestDocument& test) {

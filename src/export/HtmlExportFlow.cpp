@@ -49,8 +49,12 @@ bool HtmlExportFlow::Export(const HtmlExportForm& form) {
     if (mode == Mode::Stop)
         return false;
 
-    // It has told its failure itself, and the export goes on with what there is.
-    static_cast<void>(GenerateHtml(parts_.Run, parts_.Boxes, parts_.ProgramFolder));
+    // Without a test in it, a page is no reason to give up one that is there.
+    if (!Generate() && IsExistingFile(form.TargetPath)) {
+        parts_.Boxes.Inform(QStringLiteral("Nothing was written; the page '") + form.TargetPath +
+                            QStringLiteral("' is as it was."));
+        return false;
+    }
     HostPage page;
     if (mode == Mode::NewPage)
         page.Text = NewPage(parts_.Run.Test.TestTitle, parts_.Run.GeneratedHtml, PageLanguage(parts_.Run.HtmlLanguage));
@@ -65,6 +69,16 @@ bool HtmlExportFlow::Export(const HtmlExportForm& form) {
     if (const Result shown = parts_.Programs.Open(browser, form.TargetPath, WindowState::Minimized); !shown)
         parts_.Boxes.Inform(shown.Message());
     return true;
+}
+
+/// False after a message when there is nothing to put into a page.
+bool HtmlExportFlow::Generate() {
+    if (!GenerateHtml(parts_.Run, parts_.Boxes, parts_.ProgramFolder))
+        return false;
+    const bool made = !parts_.Run.GeneratedHtml.trimmed().isEmpty();
+    if (!made)
+        parts_.Boxes.Inform(TemplateMakesNoPage(parts_.Run.HtmlTemplatePath));
+    return made;
 }
 
 PromptAnswer HtmlExportFlow::Ask(const QString& text, PromptAnswer byDefault) {

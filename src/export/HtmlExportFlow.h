@@ -40,7 +40,8 @@ class HtmlExportFlow {
     static QString TargetOf(const QString& typed);
 
     /// Writes the page and shows it in the browser. False when the window stays open: the person has to correct
-    /// something, which a message has told, or chose not to go on; nothing was written then.
+    /// something, which a message has told, or chose not to go on; nothing was written then. A page without the test,
+    /// as a template that fails gives it, is written only where there is no file yet.
     bool Export(const HtmlExportForm& form);
 
     /// Makes the folder that is remembered for the file the current one, when there is one.
@@ -52,6 +53,7 @@ class HtmlExportFlow {
   private:
     enum class Mode { Stop, NewPage, IntoHost, IntoTarget };
 
+    bool Generate();
     Mode ChooseMode(const HtmlExportForm& form);
     Mode AskExisting(const HtmlExportForm& form);
     PromptAnswer Ask(const QString& text, PromptAnswer byDefault);

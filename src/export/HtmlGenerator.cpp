@@ -67,3 +67,8 @@ Result GenerateHtml(Session& session, Prompts& prompts, const QString& programFo
     prompts.Inform(QStringLiteral("Error loading HTML template file: ") + session.HtmlTemplatePath);
     return Result::Failed(reason);
 }
+
+QString TemplateMakesNoPage(const QString& templatePath) {
+    return QStringLiteral("The template '") + templatePath +
+           QStringLiteral("' makes no page: it has none of the sections that a page consists of");
+}

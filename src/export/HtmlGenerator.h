@@ -8,3 +8,6 @@
 /// empty. A relative path of the template is found as FindTemplateFile says.
 /// Returns why it failed; that has been shown, and a caller may go on with what GeneratedHtml holds.
 Result GenerateHtml(Session& session, Prompts& prompts, const QString& programFolder);
+
+/// What is said of a template that was filled in and gave nothing.
+QString TemplateMakesNoPage(const QString& templatePath);

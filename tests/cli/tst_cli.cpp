@@ -235,6 +235,17 @@ class tst_cli : public QObject {
         QVERIFY(ran.Err.startsWith("Test Cannot Be Saved: " + QDir::toNativeSeparators(out).toUtf8()));
     }
 
+    void Save_NotAllIsRead_SaysWhatAndNeverOverIt() {
+        const QString out = folder_.filePath(QStringLiteral("less.vlm"));
+        const QString from = TestFile("bracket.vlm", "[TITLE]T[/TITLE][Q]Are you [really] well?[/Q]");
+        for (const bool overIt : {false, true}) {
+            const Ran ran = Run({QStringLiteral("save"), from, overIt ? from : out});
+            QCOMPARE(ran.Status, overIt ? 1 : 0);
+            QVERIFY2(ran.Err.contains("question 1, line 1: the question's text ends here"), ran.Err.constData());
+        }
+        QVERIFY(QFile::exists(out) && BytesOf(from).contains("really"));
+    }
+
     void Save_WouldBeAnotherTest_IsOneAndNothingWritten() {
         const QString out = folder_.filePath(QStringLiteral("another.vlm"));
         const Ran ran = Run({QStringLiteral("save"), TestFile("b.vlm", "[TITLE]Is [Q] there?[/TITLE][Q]a[/Q]"), out});
@@ -474,11 +485,11 @@ class tst_cli : public QObject {
         QCOMPARE(ran.Err, QByteArray());
         QCOMPARE(ran.Status, 0);
         QCOMPARE(QDir(directory).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList{QStringLiteral("Ann_Lee")});
-        QCOMPARE(QDir(directory + QStringLiteral("/Ann_Lee")).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("Cl Ann_Lee(1).txt"), QStringLiteral("Cl Ann_Lee.txt")}));
+                 QStringList{QStringLiteral("Ann_Lee~19c5fc")});
+        QCOMPARE(QDir(directory + QStringLiteral("/Ann_Lee~19c5fc")).entryList(QDir::Files),
+                 (QStringList{QStringLiteral("Cl Ann_Lee~19c5fc(1).txt"), QStringLiteral("Cl Ann_Lee~19c5fc.txt")}));
         const QByteArray report = Run({QStringLiteral("report"), client, Csv(csv), QStringLiteral("--row=2")}).Out;
-        QCOMPARE(BytesOf(directory + QStringLiteral("/Ann_Lee/Cl Ann_Lee(1).txt")), report + "\r\n");
+        QCOMPARE(BytesOf(directory + QStringLiteral("/Ann_Lee~19c5fc/Cl Ann_Lee~19c5fc(1).txt")), report + "\r\n");
 
         const QString append =
             TestFile("Ap.vlm", SmallTest + "[APPEND TO REPORT FILE][AUTOSAVE FILENAME]all.x[/AUTOSAVE FILENAME]");

@@ -296,6 +296,17 @@ class tst_frmtesteditor : public QObject {
         QVERIFY(editor.window->close());
     }
 
+    void Save_NotAllWasRead_AsksBeforeItIsLost() {
+        const QByteArray file = "[TITLE]Mood[/TITLE]\r\n\r\n[Q]Are you [really] well?\r\n[/Q]\r\n[TITEL]Moods[/TITEL]\r\n";
+        Editor editor(u"mood.vlm"_s, file);
+        for (const QString& choice : {u"Cancel"_s, u"Replace"_s}) {
+            editor.prompts.ExpectChoice(u"question 1, line 3: the question's text ends here"_s, choice).InPart();
+            editor.ChooseItem(u"mnufilesave"_s);
+            QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)) == file, choice == u"Cancel"_s);
+        }
+        editor.ChooseItem(u"mnufilesave"_s);
+    }
+
     void Save_FileIsAnothers_IsNotReplaced_data() {
         QTest::addColumn<bool>("isNew");
         QTest::addColumn<QString>("choice");
@@ -371,10 +382,10 @@ class tst_frmtesteditor : public QObject {
             const SmallDisk disk(90);
             const QString message = u"Test Cannot Be Saved: "_s + editor.Path(u"mood.vlm"_s);
             editor.prompts.Expect(message).InPart();
+            // This disk is too full for a copy of the changes, too, which is told once.
+            editor.prompts.Expect(u"Can't write the file '"_s + editor.kept.path()).InPart();
             editor.ClickOn(u"Command1"_s);
             QCOMPARE(editor.PageInView(), 1);
-            // This disk is too full for a copy of the changes, too, which is told once.
-            editor.prompts.Expect(u"No copy of the unsaved changes can be kept"_s).InPart();
             // Whoever wants to save must not lose the test to what comes next.
             for (const QString& item : {u"mnufile_1"_s, u"mnufile_2"_s, u"mnuop_1"_s, u"quiteditor"_s}) {
                 editor.ExpectQuestion(PromptAnswer::Yes);
@@ -401,6 +412,12 @@ class tst_frmtesteditor : public QObject {
         editor.prompts.Expect(u"characters too long to be opened again. Nothing was written."_s).InPart();
         editor.ClickOn(u"Quit"_s);
         QVERIFY(editor.window->isVisible());
+        // A refused name isn't kept, as Save would go on under it.
+        editor.prompts.Expect(u"Test Cannot Be Saved: "_s + editor.Path(u"other.vlm"_s)).InPart();
+        editor.chooser.ExpectSave(editor.Path(u"other.vlm"_s));
+        editor.ChooseItem(u"mnufilesaveas"_s);
+        QCOMPARE(editor.test.TestFileName, editor.Path(u"mood.vlm"_s));
+        QCOMPARE(editor.window->windowTitle(), u"Vellumo Editor - "_s + editor.Path(u"mood.vlm"_s));
         QCOMPARE(BytesOf(editor.Path(u"mood.vlm"_s)), Mood);
         QCOMPARE(editor.test.TestIntroduction.size(), 33000);
         editor.ExpectQuestion(PromptAnswer::Cancel);

@@ -370,11 +370,31 @@ class tst_dialoghtml : public QObject {
         QVERIFY(!QFileInfo::exists(dialog.Path("new.html")));
     }
 
-    void Ok_GeneratorFails_WritesWhatThereIs() {
+    void Ok_NoTestInThePage_OnlyIntoANewFile_data() {
+        QTest::addColumn<QString>("templatePath");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("failing") << "missing.vlx" << "Error loading HTML template file: missing.vlx";
+        QTest::newRow("another file") << "Host.html" << "The template 'Host.html' makes no page: it has none of the "
+                                                        "sections that a page consists of";
+    }
+
+    void Ok_NoTestInThePage_OnlyIntoANewFile() {
+        QFETCH(const QString, templatePath);
+        QFETCH(const QString, message);
         Export dialog;
-        dialog.session.HtmlTemplatePath = QStringLiteral("missing.vlx");
+        dialog.session.HtmlTemplatePath = templatePath;
+        QDir::setCurrent(dialog.folder.path());
+        PutBytes(dialog.Path("good.html"), Page);
         dialog.Open();
-        dialog.prompts.Expect(QStringLiteral("Error loading HTML template file: missing.vlx"));
+        dialog.ExpectQuestion(QStringLiteral("Would you like to replace '") + dialog.Path("good.html") +
+                                  QStringLiteral("' as a new file ?"),
+                              PromptAnswer::Yes);
+        dialog.prompts.Expect(message);
+        dialog.prompts.Expect(QStringLiteral("Nothing was written; the page '") + dialog.Path("good.html") +
+                              QStringLiteral("' is as it was."));
+        QVERIFY(dialog.StaysOnOk(dialog.Path("good.html")));
+        QCOMPARE(BytesOf(dialog.Path("good.html")), Page);
+        dialog.prompts.Expect(message);
         QVERIFY(!dialog.StaysOnOk(dialog.Path("new.html")));
         QCOMPARE(BytesOf(dialog.Path("new.html")), EmptyPage);
         QCOMPARE(dialog.session.GeneratedHtml, QString());

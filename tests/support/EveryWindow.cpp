@@ -148,7 +148,7 @@ void Dialogs(const QString& sourceFolder, const WindowVisitor& visit) {
     Find<QLineEdit>(page, QStringLiteral("Text1")).setText(QStringLiteral("Pages/Sleep Week.html"));
     visit(page, QStringLiteral("save-as-html"));
 
-    QString workbook = QStringLiteral("Results/Sleep Week.xlsx");
+    QString workbook = QStringLiteral("Results/Sleep Week.exl");
     program.session.SpreadsheetExported = true;
     ExportForm exportForm(program.session, workbook);
     DialogExport exporting(exportForm, program.chooser, program.navigator);

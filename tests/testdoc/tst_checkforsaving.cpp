@@ -124,7 +124,8 @@ void tst_checkforsaving::CheckForSaving_OneFlaw_IsAllThatIsTold_data() {
         "mark typed in the title", [=](auto& t) { t.TestTitle = text("a<p>b"); },
         "error title: the text contains <p>, which a reader takes for a part of the file: 'a<p>b' is read back as "
         "'a<line break>b'\n"
-        "warning title: the text contains '<p>b', which breaks a generated page unless it is meant as markup\n");
+        "warning title: the text contains '<p>b', which breaks a page whose template takes texts as they are unless it "
+        "is meant as markup\n");
     row(
         "option that is off, in a text",
         [=](auto& t) { t.TestInstructions = text("See [1] and [navigation buttons]."); },
