@@ -59,6 +59,8 @@ bool AutoReportForm::MayReplace(const QString& filePath) {
 void AutoReportForm::Cancel() { session_.ReportFilePath = NoReportFile; }
 
 Result AutoReportFlow::Run(const AskFunction& ask) {
+    // It may have been chosen anew, or come back, since the test began.
+    ChangeDirectory(session_.UserSettings.DefaultDirectory);
     const QString found = ReportPathFor(session_.Test, session_.ClientName, prompts_);
     session_.ReportFilePath = found;
     if (AutoReportAsks(session_)) {

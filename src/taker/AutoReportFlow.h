@@ -43,9 +43,10 @@ class AutoReportFlow {
     AutoReportFlow(Session& session, Prompts& prompts, const Clock& clock, Launcher& launcher, Navigator& navigator)
         : session_(session), prompts_(prompts), launcher_(launcher), report_(session, prompts, clock, navigator) {}
 
-    /// Afterwards the working directory is the current one. Only a report that was written counts as done, and the
-    /// session then knows its path and the answers in it. A report that can't be written is shown in a window
-    /// instead; the message then says which file and why, and so it does when the editor can't be started.
+    /// Names that are no whole paths count from the working directory, which is the current one afterwards. Only a
+    /// report that was written counts as done, and the session then knows its path and the answers in it. A report that
+    /// can't be written is shown in a window instead; the message then says which file and why, and so it does when the
+    /// editor can't be started.
     Result Run(const AskFunction& ask);
 
   private:

@@ -10,10 +10,12 @@ NamesForm::NamesForm(Session& session, SettingsStore& store, NamesAsked asked, N
       asked_(asked),
       clientName_(administration == NamesFor::Running ? session.ClientName : session.NextClientName) {
     session_.NamesCancelled = false;
-    if (!Persist()) {
-        session_.KeptClientName.clear();
+    if (Persist())
+        return;
+    session_.KeptClientName.clear();
+    // Whoever administers the running test is nobody of an earlier one.
+    if (administration == NamesFor::Next)
         session_.AdministratorName.clear();
-    }
 }
 
 QString NamesForm::ClientText() const {

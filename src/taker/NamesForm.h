@@ -18,9 +18,9 @@ inline const QString DisabledName = QStringLiteral("<Disabled>");
 /// Whose administration the client's name is for.
 enum class NamesFor { Running, Next };
 
-/// The rules of the names window. Making one is its opening: NamesCancelled is cleared, and so are the administrator's
-/// name and the client's name of earlier administrations, unless names are kept from one test to the next. A kept
-/// client's name is only offered: it counts when the window is answered.
+/// The rules of the names window. Making one is its opening: NamesCancelled is cleared, and so are the names of earlier
+/// administrations, unless names are kept from one test to the next; those of the running one stay. A kept client's
+/// name is only offered: it counts when the window is answered.
 class NamesForm {
   public:
     NamesForm(Session& session, SettingsStore& store, NamesAsked asked, NamesFor administration);

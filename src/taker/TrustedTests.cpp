@@ -46,13 +46,21 @@ void TrustedTests::NoteMade(const QString& hash, const QString& path) {
 }
 
 Result TrustedTests::Note(const QString& line) {
-    Read(); // another Vellumo may have noted something meanwhile
+    if (file_.isEmpty()) {
+        lines_.append(line);
+        return Result::Done();
+    }
+    MakeDirectory(QFileInfo(file_).path());
+    // Locked from the reading to the writing, or what another Vellumo notes in between would be lost.
+    FileLock lock(file_);
+    const FileLock::Outcome taken = lock.Take();
+    Read();
     lines_.append(line);
     lines_.remove(0, qMax(0, lines_.size() - MaxLines));
-    if (file_.isEmpty())
-        return Result::Done();
-    MakeDirectory(QFileInfo(file_).path());
-    return WriteFile(file_, QString(lines_.join(u'\n') + u'\n').toUtf8());
+    if (taken == FileLock::Outcome::Busy)
+        return ResultOf(file_, {false, lock.Holder(), QStringLiteral("What it held before was not changed.")});
+    return WriteFile(file_, QString(lines_.join(u'\n') + u'\n').toUtf8(), Audience::OwnerOnly,
+                     taken == FileLock::Outcome::Taken ? &lock : nullptr);
 }
 
 void TrustedTests::Read() {

@@ -69,7 +69,7 @@ class tst_dialogautoreport : public QObject {
     void Browse_Chosen_PathAndWorkingDirectory();
     void Flow_AppendTickedInDialog_Appends();
     void Flow_EmptyPath_NothingWritten();
-    void Flow_Done_WorkingDirectoryAgain();
+    void Flow_ElsewhereBefore_WritesInWorkingDirectory();
 };
 
 void tst_dialogautoreport::Boxes_Test_EnabledWhereTheyMatter_data() {
@@ -256,14 +256,14 @@ void tst_dialogautoreport::Flow_EmptyPath_NothingWritten() {
     QVERIFY(flow.launcher.Starts.isEmpty() && flow.navigator.Calls.isEmpty());
 }
 
-void tst_dialogautoreport::Flow_Done_WorkingDirectoryAgain() {
+void tst_dialogautoreport::Flow_ElsewhereBefore_WritesInWorkingDirectory() {
     Flow flow;
     QVERIFY(flow.session.Test.TestTitle == QStringLiteral("T"));
     QVERIFY(QDir(flow.folder.path()).mkdir(QStringLiteral("sub")));
     QDir::setCurrent(flow.folder.filePath(QStringLiteral("sub")));
     QVERIFY(flow.Run(QStringLiteral("r.txt"), {{OpenReportWhenCompleted, true}}));
     QCOMPARE(QDir::current(), QDir(flow.folder.path()));
-    QVERIFY(QFile::exists(flow.folder.filePath(QStringLiteral("sub/r.txt"))));
+    QVERIFY(QFile::exists(flow.folder.filePath(QStringLiteral("r.txt"))));
     QCOMPARE(flow.launcher.Starts.size(), 1);
 }
 

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <thread>
+
 class tst_testtrust : public QObject {
     Q_OBJECT
 
@@ -138,6 +140,19 @@ void tst_testtrust::TrustedTests_NewRun_RemembersWhatItCan() {
     QVERIFY(!again.IsAllowed(QStringLiteral("b2")) && !again.IsAllowed(QString()));
     PutBytes(file, QByteArray("allowed a1\0", 11));
     QVERIFY(!TrustedTests(file).IsAllowed(QStringLiteral("a1")));
+    // Two programs at the same instant lose nothing of each other's.
+    const auto noteMany = [&](const QString& hash) {
+        TrustedTests notes(file);
+        for (int i = 0; i < 40; ++i)
+            (void)notes.Allow(hash + QString::number(i));
+    };
+    std::thread other(noteMany, QStringLiteral("d"));
+    noteMany(QStringLiteral("e"));
+    other.join();
+    const TrustedTests both(file);
+    for (int i = 0; i < 40; ++i)
+        QVERIFY2(both.IsAllowed(u'd' + QString::number(i)) && both.IsAllowed(u'e' + QString::number(i)),
+                 qPrintable(QString::number(i)));
     TrustedTests unwritable(file + QStringLiteral("/below"));
     QVERIFY(!unwritable.Allow(QStringLiteral("c3")) && unwritable.IsAllowed(QStringLiteral("c3")));
 }
