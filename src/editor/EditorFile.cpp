@@ -170,7 +170,7 @@ bool EditorFile::SaveToKnownFile() {
                                          "loses what was written to it then.");
     } else if (const QStringList lost = LostBySaving(parts_.Test, path); !lost.isEmpty()) {
         title = QStringLiteral("Not All Was Read");
-        question = file + QStringLiteral(" holds something that isn't in the editor, and to replace it loses that. ") +
+        question = file + QStringLiteral(" holds something that isn't in the editor, and to replace it loses that:\n\n") +
                    FirstLost(lost) + u'.';
     }
     if (question.isEmpty())
