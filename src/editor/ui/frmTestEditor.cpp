@@ -40,6 +40,12 @@ void FocusFirstControl(QWidget& page) {
             return next->setFocus(Qt::OtherFocusReason);
 }
 
+/// Flat, as at twice the size on a small screen each line of the page counts.
+void SetFlatRoom(QLayout& row) {
+    SetRoom(row, 2, 1);
+    row.setContentsMargins(2 * GridUnit, GridUnit, 2 * GridUnit, GridUnit);
+}
+
 QLayout* WithSideMargins(QWidget* widget) {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(2 * GridUnit, 0, 2 * GridUnit, 0);
@@ -126,7 +132,7 @@ QWidget* frmTestEditor::MakeHeading() {
     // A long title is cut at the window's edge and never widens it.
     heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* row = new QHBoxLayout(strip);
-    SetRoom(*row, 2, 1);
+    SetFlatRoom(*row);
     row->addWidget(heading_, 1);
     saveState_ = Named(new QLabel, QStringLiteral("SaveState"));
     saveState_->setTextFormat(Qt::PlainText);
@@ -147,7 +153,7 @@ QLayout* frmTestEditor::MakeButtons() {
     Quit_ = make("Quit", QStringLiteral("Quit"), &frmTestEditor::Quit_Click);
 
     auto* row = new QHBoxLayout;
-    SetRoom(*row, 2, 1);
+    SetFlatRoom(*row);
     row->addWidget(Command1_);
     row->addStretch(1);
     row->addWidget(Command2_);
