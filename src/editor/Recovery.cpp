@@ -19,9 +19,12 @@ const QString Extension = QStringLiteral(".recovery");
 /// The longest test of the longest texts stays far below it.
 constexpr qint64 LongestCopy = 64 << 20;
 
-/// The lock of a copy, by the name that earlier versions of the program use, too; null when another program has it.
+/// The lock of a copy, by the name that earlier versions of the program use, too.
+QString LockOf(const QString& path) { return path + QStringLiteral(".lock"); }
+
+/// Null when another program has it.
 std::unique_ptr<FileLock> LockedCopy(const QString& path) {
-    auto lock = std::make_unique<FileLock>(path, path + QStringLiteral(".lock"));
+    auto lock = std::make_unique<FileLock>(path, LockOf(path));
     return lock->Take(0) == FileLock::Outcome::Taken ? std::move(lock) : nullptr;
 }
 
@@ -113,8 +116,9 @@ Result Recovery::Keep(const TestDocument& test, const TypedEntries& typed) {
         RemoveCopy();
         return Result::Done();
     }
-    if (path_.isEmpty() && !TakeFreePlace())
-        return Result::Failed(NoCopy + QStringLiteral(" in the folder '") + folder_ + QStringLiteral("'."));
+    if (const QString reason = path_.isEmpty() ? TakeFreePlace() : QString(); !reason.isEmpty())
+        return Result::Failed(NoCopy + QStringLiteral(" in the folder '") + folder_ + QStringLiteral("': ") + reason +
+                              u'.');
     if (const Result written = WriteFile(path_, CopyOf(snapshot, fileThen_, time_.Now())); !written)
         return Result::Failed(NoCopy + QStringLiteral(". ") + written.Message());
     kept_ = snapshot;
@@ -171,19 +175,23 @@ void Recovery::RemoveCopy() {
     kept_.clear();
 }
 
-bool Recovery::TakeFreePlace() {
+/// Why there is none, without a full stop; empty when there is.
+QString Recovery::TakeFreePlace() {
     MakeDirectory(folder_);
     constexpr int mostPlaces = 1000;
     for (int k = 1; k <= mostPlaces; ++k) {
         const QString path = QDir(folder_).filePath(QStringLiteral("test-%1").arg(k) + Extension);
-        auto lock = LockedCopy(path);
-        if (!lock || QFile::exists(path))
+        auto lock = std::make_unique<FileLock>(path, LockOf(path));
+        const FileLock::Outcome taken = lock->Take(0);
+        if (taken == FileLock::Outcome::Impossible)
+            return lock->Reason();
+        if (taken == FileLock::Outcome::Busy || QFile::exists(path))
             continue;
         path_ = path;
         lock_ = std::move(lock);
-        return true;
+        return {};
     }
-    return false;
+    return QStringLiteral("%1 copies are there already").arg(mostPlaces);
 }
 
 void Recovery::LetGo() {

@@ -66,7 +66,7 @@ class Recovery {
   private:
     std::vector<RecoveredTest> AllLeft(bool inThisRunToo) const;
     void RemoveCopy();
-    bool TakeFreePlace();
+    QString TakeFreePlace();
     void LetGo();
 
     QString folder_;

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "platform/EarlierCopy.h"
+#include "platform/InPlace.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,6 +25,7 @@ bool IsWholeOrForeign(const QString& path) {
 } // namespace
 
 void OfferEarlierWorkbook(const QString& path, Prompts& prompts) {
+    AwaitWriter(path);
     if (QFileInfo(path).isFile() && !IsWholeOrForeign(path))
         OfferEarlierCopy(path, QStringLiteral("The workbook ") + Quoted(path) + QStringLiteral(" is empty or cut off."),
                          IsWholeOrForeign, prompts);

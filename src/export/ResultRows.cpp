@@ -4,10 +4,9 @@ namespace {
 
 using Kind = ResultColumn::Kind;
 
-std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q, ResultColumns which) {
+std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q) {
     const auto column = [&](Option option, Kind kind) {
-        return which == ResultColumns::Possible || test.TestOption(option) ? std::optional<ResultColumn>({kind, q, {}})
-                                                                           : std::nullopt;
+        return test.TestOption(option) ? std::optional<ResultColumn>({kind, q, {}}) : std::nullopt;
     };
     if (IsMultichoice(test, q))
         return column(IncludeMultichoiceAnswersInExcel, Kind::Choice);
@@ -21,20 +20,19 @@ std::optional<ResultColumn> ColumnOfQuestion(const TestDocument& test, int q, Re
 } // namespace
 
 std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
-                                          const QString& questionSuffix, ResultColumns which) {
-    const auto wanted = [&](Option option) { return which == ResultColumns::Possible || test.TestOption(option); };
+                                          const QString& questionSuffix) {
     std::vector<ResultColumn> columns;
-    if (wanted(IncludeClientNameInExcel))
+    if (test.TestOption(IncludeClientNameInExcel))
         columns.push_back({Kind::Client, 0, QStringLiteral("Client")});
-    if (wanted(IncludeDateInExcel))
+    if (test.TestOption(IncludeDateInExcel))
         columns.push_back({Kind::Date, 0, QStringLiteral("Date")});
-    if (wanted(IncludeTotalScoreInExcel))
+    if (test.TestOption(IncludeTotalScoreInExcel))
         columns.push_back({Kind::TotalScore, 0, QStringLiteral("Total Score")});
-    if (wanted(IncludeSubscalesInExcel))
+    if (test.TestOption(IncludeSubscalesInExcel))
         for (int s = 1; s <= test.SubscaleCount; ++s)
             columns.push_back({Kind::Subscale, s, test.SubscaleName(s)});
     for (int q = 1; q <= test.QuestionCount; ++q) {
-        if (auto column = ColumnOfQuestion(test, q, which)) {
+        if (auto column = ColumnOfQuestion(test, q)) {
             column->Head = questionPrefix + QString::number(q) + questionSuffix;
             columns.push_back(*column);
         }

@@ -15,12 +15,10 @@ struct ResultColumn {
     QString Head;
 };
 
-/// Which columns are meant: those that the test's options include, or all that its options could include.
-enum class ResultColumns { Included, Possible };
-
-/// The columns, from the first. The settings give what stands around a question's number.
+/// The columns that the test's options include, from the first. The settings give what stands around a question's
+/// number.
 std::vector<ResultColumn> ResultColumnsOf(const TestDocument& test, const QString& questionPrefix,
-                                          const QString& questionSuffix, ResultColumns which = ResultColumns::Included);
+                                          const QString& questionSuffix);
 
 /// What one administration puts into its row.
 struct ResultsOfOne {

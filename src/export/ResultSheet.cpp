@@ -50,8 +50,6 @@ ResultSheet::ResultSheet(SpreadsheetApplication& application, const TestDocument
                          const QString& questionSuffix)
     : application_(application),
       test_(test),
-      questionPrefix_(questionPrefix),
-      questionSuffix_(questionSuffix),
       columns_(ResultColumnsOf(test, questionPrefix, questionSuffix)),
       places_(columns_.size()) {
     for (ResultColumn& column : columns_)
@@ -64,20 +62,18 @@ void ResultSheet::Begin() {
     application_.SetCells(1, 1, test_.TestTitle);
     for (size_t i = 0; i < columns_.size(); ++i)
         Set(HeadsRow, i, columns_[i].Head);
-    takenColumns_ = places_;
     row_ = columns_.empty() ? HeadsRow : HeadsRow + 1;
 }
 
 void ResultSheet::Find(const QString& path) {
     ReadHeads();
-    NoteTakenColumns();
     const bool expected = AreInPlace();
     if (!expected)
         FindPlaces(path);
-    takenColumns_.insert(takenColumns_.end(), places_.begin(), places_.end());
-    std::erase(takenColumns_, 0);
-    std::ranges::sort(takenColumns_);
-    takenColumns_.erase(std::ranges::unique(takenColumns_).begin(), takenColumns_.end());
+    const std::set<int> mine(places_.begin(), places_.end());
+    for (const Head& head : heads_)
+        if (!mine.contains(head.Column))
+            otherColumns_.push_back(head.Column);
     row_ = FreeRow(heads_.empty() && columns_.empty() ? HeadsRow : HeadsRow + 1);
     if (!expected)
         AddMissing(path);
@@ -171,7 +167,6 @@ void ResultSheet::AddMissing(const QString& path) {
             continue;
         place = ++column;
         const auto index = static_cast<size_t>(&place - places_.data());
-        takenColumns_.push_back(place);
         added.append(columns_[index].Head);
         Set(HeadsRow, index, columns_[index].Head);
     }
@@ -205,31 +200,16 @@ int ResultSheet::RightEnd(int count) {
     return end;
 }
 
-bool ResultSheet::IsQuestionHead(const QString& text) const {
-    const QString head = text.trimmed();
-    const QString prefix = AsInCell(questionPrefix_).trimmed();
-    const QString suffix = AsInCell(questionSuffix_).trimmed();
-    if (!head.startsWith(prefix) || !head.endsWith(suffix) || head.size() <= prefix.size() + suffix.size())
-        return false;
-    const QStringView number = QStringView(head).sliced(prefix.size()).chopped(suffix.size()).trimmed();
-    return std::ranges::all_of(number, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
-void ResultSheet::NoteTakenColumns() {
-    std::set<QString> possible;
-    for (const ResultColumn& column : ResultColumnsOf(test_, questionPrefix_, questionSuffix_, ResultColumns::Possible))
-        possible.insert(AsInCell(column.Head).trimmed());
-    for (const Head& head : heads_)
-        if (possible.contains(head.Text.trimmed()) || IsQuestionHead(head.Text))
-            takenColumns_.push_back(head.Column);
-}
-
 /// The first row from there on that is free: its first cell is empty, as the first column usually is one of results,
-/// and so are those of all columns of results, lest results of another administration, whose first cell someone
-/// emptied or never had, be replaced or mixed with these.
+/// and so are those under all heads, lest results be mixed with those of another administration, whose first cell
+/// someone emptied or never had. Formulas that wait under heads of others for the row to be filled take no row.
 int ResultSheet::FreeRow(int from) {
     const auto isFree = [this](int row) {
-        return IsEmpty(row, 1) && std::ranges::all_of(takenColumns_, [&](int column) { return IsEmpty(row, column); });
+        return IsEmpty(row, 1) &&
+               std::ranges::all_of(places_, [&](int column) { return column == 0 || IsEmpty(row, column); }) &&
+               std::ranges::all_of(otherColumns_, [&](int column) {
+                   return IsEmpty(row, column) || application_.HasFormula(row, column);
+               });
     };
     int row = from;
     while (!isFree(row))

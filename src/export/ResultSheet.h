@@ -38,8 +38,6 @@ class ResultSheet {
     int PlaceOf(const QString& head, const QString& path) const;
     void AddMissing(const QString& path);
     int RightEnd(int count);
-    void NoteTakenColumns();
-    bool IsQuestionHead(const QString& text) const;
     bool IsEmpty(int row, int column) {
         return std::holds_alternative<std::monostate>(application_.Cells(row, column));
     }
@@ -48,15 +46,13 @@ class ResultSheet {
 
     SpreadsheetApplication& application_;
     const TestDocument& test_;
-    QString questionPrefix_;
-    QString questionSuffix_;
     std::vector<ResultColumn> columns_;
     /// The sheet's column of each of them; 0 for one that is missing.
     std::vector<int> places_;
     /// The heads that the sheet has, from the left.
     std::vector<Head> heads_;
-    /// Columns of results, in this export or not: a row with something in one of them is taken.
-    std::vector<int> takenColumns_;
+    /// The columns of the heads that this export doesn't fill.
+    std::vector<int> otherColumns_;
     QString note_;
     int row_ = 0;
 };

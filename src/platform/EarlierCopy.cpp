@@ -47,6 +47,8 @@ Result RestoreEarlierCopy(const QString& path, const QString& copy) {
     FileLock lock(target);
     if (lock.Take() == FileLock::Outcome::Busy)
         return ResultOf(path, {false, lock.Holder(), QStringLiteral("Nothing was changed.")});
+    if (!QFileInfo::exists(copy))
+        return Result::Done(); // taking the lock has put it back
     if (const Result kept = KeepDamaged(target); !kept)
         return kept;
     QString reason;

@@ -1,5 +1,7 @@
 #include "platform/FileLock.h"
 
+#include "platform/InPlace.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -67,9 +69,13 @@ FileLock::Outcome FileLock::Take(int patience, const std::function<void()>& whil
     for (const QByteArray& line : file_.Content().split('\n'))
         if (line.startsWith(NoteHead))
             note_ = line.mid(NoteHead.size()).trimmed();
+    if (IsWrittenOver(note_) && PutBackEarlier(target_, note_))
+        note_.clear();
     Describe();
     return outcome;
 }
+
+bool FileLock::IsThere() const { return QFileInfo::exists(file_.Path()); }
 
 bool FileLock::IsFor(const QString& path) const { return taken_ && TargetOf(path) == target_; }
 

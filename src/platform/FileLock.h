@@ -25,9 +25,12 @@ class FileLock {
     ~FileLock();
 
     /// Waits at most so many milliseconds, and calls whileWaiting many times a second meanwhile, if there is one. It is
-    /// impossible when no file can be made beside the one that is to be locked.
+    /// impossible when no file can be made beside the one that is to be locked. When the last holder ended while it
+    /// wrote over the file in place, the file is what it was before then.
     Outcome Take(int patience = Patience, const std::function<void()>& whileWaiting = {});
 
+    /// Whether somebody has it, or has left something in it.
+    bool IsThere() const;
     /// Whether it is taken, and for this file.
     bool IsFor(const QString& path) const;
 

@@ -1,5 +1,6 @@
 #include "platform/SafeFile.h"
 
+#include "platform/InPlace.h"
 #include "platform/NameRefusal.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,6 @@ namespace {
 const QString Unchanged = QStringLiteral("The earlier version was not changed.");
 const QString UnchangedBefore = QStringLiteral("What it held before was not changed.");
 const QString NothingThere = QStringLiteral("There was no earlier version.");
-const QString ReadBackDiffers = QStringLiteral("what was read back differs from what was written");
 
 Result Failed(const QString& path, const QString& reason, const QString& kept) {
     return ResultOf(path, {false, reason, kept});
@@ -45,25 +45,14 @@ WriteOutcome WriteStraight(const QString& path, const QByteArray& content, const
     return {true, {}, {}};
 }
 
-/// Reads back in blocks: a workbook may be large.
-bool Holds(const DiskFile& file, qint64 position, const QByteArray& content) {
-    constexpr qint64 block = 1 << 20;
-    for (qint64 done = 0; done < content.size(); done += block) {
-        const QByteArrayView part = QByteArrayView(content).sliced(done, qMin(block, content.size() - done));
-        if (file.Read(position + done, part.size()) != part)
-            return false;
-    }
-    return true;
-}
-
 /// One attempt to bring content to target, which is no link, by way of a new file beside it.
 class Replacing {
   public:
-    Replacing(const QString& target, const QByteArray& content, const WriteManner& manner, bool locked)
-        : target_(target), content_(content), manner_(manner), isNew_(!QFileInfo::exists(target)) {
-        fresh_ = HiddenNameBeside(target, QStringLiteral(".vellumo-new"));
+    Replacing(const QString& target, const QByteArray& content, const WriteManner& manner, FileLock* lock)
+        : target_(target), content_(content), manner_(manner), lock_(lock), isNew_(!QFileInfo::exists(target)) {
+        fresh_ = FreshNameFor(target);
         // Under the lock nobody else has this name, so what has it was left by a program that ended.
-        if (!locked || (QFileInfo::exists(fresh_) && !QFile::remove(fresh_)))
+        if (!lock || (QFileInfo::exists(fresh_) && !QFile::remove(fresh_)))
             fresh_ += u'-' + QString::number(QCoreApplication::applicationPid());
     }
 
@@ -73,12 +62,11 @@ class Replacing {
     WriteOutcome Stopped(const QString& reason) const { return {false, reason, isNew_ ? NothingThere : Unchanged}; }
     QString WriteFresh();
     WriteOutcome MoveToTarget();
-    WriteOutcome WriteInPlace();
-    WriteOutcome PutBack(const QString& copy, const QString& reason);
 
     QString target_;
     const QByteArray& content_;
     const WriteManner& manner_;
+    FileLock* lock_;
     bool isNew_;
     QString fresh_;
     bool accessKept_ = true;
@@ -99,8 +87,9 @@ WriteOutcome Replacing::Run() {
             QFile::remove(fresh_);
         return Stopped(reason);
     }
-    const WriteOutcome outcome = accessKept_ ? MoveToTarget() : WriteInPlace();
-    if (!outcome.Written)
+    const WriteOutcome outcome = accessKept_ ? MoveToTarget() : WriteInPlace(target_, fresh_, content_, lock_);
+    // What is written over the file in part is put back by the help of the new file.
+    if (!outcome.Written && !(lock_ && IsWrittenOver(lock_->Note())))
         QFile::remove(fresh_);
     return outcome;
 }
@@ -131,65 +120,11 @@ WriteOutcome Replacing::MoveToTarget() {
     case Moved::NameTaken:
         return {false, QStringLiteral("another program has made a file of that name"), Unchanged, true};
     case Moved::NotAllowed:
-        return WriteInPlace();
+        return WriteInPlace(target_, fresh_, content_, lock_);
     case Moved::Failed:
         break;
     }
     return Stopped(reason);
-}
-
-QString FreeNameFor(const QString& path) {
-    QString name = path + QStringLiteral(".earlier");
-    for (int k = 1; QFileInfo(name).isSymLink() || QFile::exists(name); ++k)
-        name = path + QStringLiteral(".earlier(%1)").arg(k);
-    return name;
-}
-
-/// The new file can't have the name, so the content goes over the earlier version, of which a copy is beside it
-/// meanwhile.
-WriteOutcome Replacing::WriteInPlace() {
-    QFile source(target_);
-    if (!source.open(QIODevice::ReadOnly))
-        return Stopped(source.errorString());
-    const QByteArray earlier = source.readAll();
-    if (source.error() != QFileDevice::NoError)
-        return Stopped(source.errorString());
-    source.close();
-
-    const QString copy = FreeNameFor(target_);
-    {
-        DiskFile aside(copy, DiskFile::Way::New);
-        if (!aside.IsOpen())
-            return Stopped(QStringLiteral("its earlier version can't be set aside: ") + aside.Reason());
-        aside.TakeAccessOf(target_);
-        if (!aside.Write(earlier) || !aside.Flush() || !Holds(aside, 0, earlier) || !aside.Close()) {
-            QFile::remove(copy);
-            return Stopped(QStringLiteral("its earlier version can't be set aside: ") +
-                           (aside.Reason().isEmpty() ? ReadBackDiffers : aside.Reason()));
-        }
-    }
-    DiskFile file(target_, DiskFile::Way::InPlace);
-    if (file.IsOpen() && file.Write(content_) && file.CutTo(content_.size()) && file.Flush() &&
-        Holds(file, 0, content_)) {
-        QFile::remove(copy);
-        QFile::remove(fresh_);
-        return {true, {}, {}};
-    }
-    return PutBack(copy, file.Reason().isEmpty() ? ReadBackDiffers : file.Reason());
-}
-
-WriteOutcome Replacing::PutBack(const QString& copy, const QString& reason) {
-    QFile source(copy);
-    DiskFile file(target_, DiskFile::Way::InPlace);
-    if (source.open(QIODevice::ReadOnly)) {
-        const QByteArray earlier = source.readAll();
-        if (file.IsOpen() && file.Write(earlier) && file.CutTo(earlier.size()) && file.Flush() &&
-            Holds(file, 0, earlier)) {
-            QFile::remove(copy);
-            return Stopped(reason);
-        }
-    }
-    return {false, reason, QStringLiteral("The earlier version is in '") + copy + QStringLiteral("'.")};
 }
 
 /// The caller's lock, or one of its own. Without a lock where none can be made: then nothing else can be made either,
@@ -274,8 +209,8 @@ WriteOutcome WriteFileInManner(const QString& path, const QByteArray& content, c
     if (own.IsBusy())
         return {false, own.Reason(), info.exists() ? Unchanged : NothingThere};
     FileLock* lock = manner.Held ? manner.Held : own.Lock();
-    const WriteOutcome outcome = Replacing(QDir::toNativeSeparators(target), content, manner, lock != nullptr).Run();
-    if (outcome.Written && lock && !lock->Note().isEmpty())
+    const WriteOutcome outcome = Replacing(QDir::toNativeSeparators(target), content, manner, lock).Run();
+    if (outcome.Written && lock && !lock->Note().isEmpty() && !IsWrittenOver(lock->Note()))
         lock->SetNote({}); // whatever was cut off before is gone
     return outcome;
 }

@@ -47,6 +47,8 @@ class SpreadsheetApplication {
 
     /// Cells(row, column) of the active sheet, both from 1. An empty text empties a cell.
     virtual CellValue Cells(int row, int column) = 0;
+    /// Cells(row, column).HasFormula.
+    virtual bool HasFormula(int row, int column) = 0;
     virtual void SetCells(int row, int column, const CellValue& value) = 0;
 
     /// ActiveWorkbook.SaveAs and ActiveWorkbook.Save.

@@ -1,6 +1,7 @@
 #include "testdoc/EarlierTest.h"
 
 #include "platform/EarlierCopy.h"
+#include "platform/InPlace.h"
 
 #include <QFileInfo>
 
@@ -24,6 +25,7 @@ bool IsTest(const QString& path) { return WhyNoTest(path).isEmpty(); }
 } // namespace
 
 Result OpenTestOrEarlier(TestDocument& test, const QString& path, Prompts& prompts) {
+    AwaitWriter(path);
     if (QFileInfo(path).isFile() && !EarlierCopyOf(path, IsTest).isEmpty())
         if (const QString why = WhyNoTest(path); !why.isEmpty())
             OfferEarlierCopy(path, why, IsTest, prompts);
@@ -31,6 +33,7 @@ Result OpenTestOrEarlier(TestDocument& test, const QString& path, Prompts& promp
 }
 
 void OpenTestNamingEarlier(TestDocument& test, const QString& path) {
+    AwaitWriter(path);
     const QString hint = QFileInfo(path).isFile() ? EarlierCopyHint(path, IsTest) : QString();
     if (const QString why = hint.isEmpty() ? QString() : WhyNoTest(path); !why.isEmpty())
         throw Failure(why + hint);

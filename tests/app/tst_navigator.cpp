@@ -100,6 +100,11 @@ void tst_navigator::MainMenu_UnsavedReportCancelled_StaysInTheTest() {
     QVERIFY(program.navigator.TestWindow()->isVisible());
     QCOMPARE(program.navigator.Reports().size(), 1);
     QTRY_VERIFY(!program.navigator.StartScreen());
+    // A report that is given up no longer counts as the place of the result.
+    QVERIFY(program.session.Filed.Shown);
+    program.prompts.Expect(QStringLiteral("Do you Want to Save Changes?"), PromptAnswer::No);
+    QVERIFY(program.navigator.Reports().first()->close());
+    QVERIFY(!program.session.Filed.Shown);
 }
 
 void tst_navigator::CommandLine_Test_StartScreenIsNeverShown() {

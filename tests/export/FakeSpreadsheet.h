@@ -45,6 +45,11 @@ class FakeSpreadsheet : public SpreadsheetApplication {
     void OpenWorkbook(const QString& path) override { Note(QStringLiteral("Open"), path); }
     void AddWorkbook() override { Note(QStringLiteral("Add")); }
     CellValue Cells(int row, int column) override { return log_.Cell(row, column); }
+    bool HasFormula(int row, int column) override {
+        const CellValue value = log_.Cell(row, column);
+        const QString* text = std::get_if<QString>(&value);
+        return text && text->startsWith(u'=');
+    }
     void SetCells(int row, int column, const CellValue& value) override {
         const QString* text = std::get_if<QString>(&value);
         log_.Grid[{row, column}] = text && text->isEmpty() ? CellValue() : value;

@@ -268,6 +268,10 @@ void tst_spreadsheetexport::Export_OtherHeads_EachValueUnderItsOwn_data() {
     QTest::newRow("client's name taken out") << "Client|Total Score|Q.1 |Q.4 \n|1" << none << 5 << all << none;
     QTest::newRow("row of another export")
         << "Client|Total Score|Q.1 |Q.4 |Date|Q.9\n||||1\n|||||1" << none << 6 << all << none;
+    QTest::newRow("row of another test's export")
+        << "Mine|Client|Total Score|Q.1 |Q.4 |Ease\n|||||3" << none << 5 << "- \"Ann Lee\" 1 2 1" << own;
+    QTest::newRow("formulas that wait for the row")
+        << "Client|Total Score|Q.1 |Q.4 |Mean\n||||=B4/2" << none << 4 << all + QStringLiteral(" \"=B4/2\"") << none;
     QTest::newRow("others' heads twice") << "Mine|Mine|Client|Total Score|Q.1 |Q.4 " << none << 4
                                          << "- - \"Ann Lee\" 1 2 1" << own;
     QTest::newRow("both ways of writing")

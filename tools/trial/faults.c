@@ -1,5 +1,5 @@
 /*
- * Loaded into vellumo-cli by tools/trial/trial (LD_PRELOAD): numbers each operation that changes a file below one folder,
+ * Loaded into a program by tools/trial/trial (LD_PRELOAD): numbers each operation that changes a file below one folder,
  * from 1, and kills the program or fails the operation at a given number. Its settings come from the environment:
  *
  *   TRIAL_FOLDER  the folder, as a real path that ends without a slash; operations elsewhere are not counted
@@ -7,6 +7,8 @@
  *   TRIAL_ACTION  before  the program is killed, and the operation does not happen
  *                 after   the operation happens, half of it when it writes, and the program is killed
  *                 full    this operation and all later ones that need room fail: the disk is full
+ *                 quota   the same for what the user may fill of it
+ *                 part    this operation writes half, and all later ones that need room fail: the disk is full
  *                 fail    this operation alone fails, with an input/output error
  *                 deny    this operation alone fails: permission denied
  *   TRIAL_LOG     a file outside of the folder that gets a line for each operation
@@ -26,7 +28,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-enum action { NOTHING, BEFORE, AFTER, FULL, FAIL, DENY };
+enum action { NOTHING, BEFORE, AFTER, FULL, QUOTA, PART, FAIL, DENY };
 enum kind { MAKES, WRITES, OTHER };
 
 #define MOST_FILES 4096
@@ -50,6 +52,8 @@ __attribute__((constructor)) static void begin(void) {
         action = !strcmp(name, "before") ? BEFORE
                  : !strcmp(name, "after") ? AFTER
                  : !strcmp(name, "full")  ? FULL
+                 : !strcmp(name, "quota") ? QUOTA
+                 : !strcmp(name, "part")  ? PART
                  : !strcmp(name, "fail")  ? FAIL
                  : !strcmp(name, "deny")  ? DENY
                                           : NOTHING;
@@ -86,12 +90,12 @@ static void die(void) {
 }
 
 /* Counts one operation. The result is 0 when it is to happen as usual, 1 when it is to happen (half) before the program
- * is killed, and -1, with errno set, when it is to fail. */
+ * is killed, 2 when half of it is to happen, and -1, with errno set, when it is to fail. */
 static int meet(enum kind kind, const char *what, const char *path) {
     ++count;
     note(what, path);
     if (isFull && kind != OTHER) {
-        errno = ENOSPC;
+        errno = action == QUOTA ? EDQUOT : ENOSPC;
         return -1;
     }
     if (count != at)
@@ -103,11 +107,15 @@ static int meet(enum kind kind, const char *what, const char *path) {
     case AFTER:
         return 1;
     case FULL:
+    case QUOTA:
         isFull = 1;
         if (kind == OTHER)
             return 0;
-        errno = ENOSPC;
+        errno = action == QUOTA ? EDQUOT : ENOSPC;
         return -1;
+    case PART:
+        isFull = 1;
+        return kind == WRITES ? 2 : 0;
     case FAIL:
         errno = EIO;
         return -1;
@@ -131,7 +139,7 @@ static int meet(enum kind kind, const char *what, const char *path) {
     if (met < 0)                                                                                                       \
         return -1;                                                                                                     \
     int outcome = call;                                                                                                \
-    if (met > 0)                                                                                                       \
+    if (met == 1)                                                                                                      \
         die();                                                                                                         \
     return outcome
 
@@ -146,7 +154,7 @@ static int opened(int directory, const char *path, int flags, unsigned mode) {
     int file = (int)syscall(SYS_openat, directory, path, flags, mode);
     if (file >= 0 && file < MOST_FILES)
         ours[file] = (char)mine;
-    if (met > 0)
+    if (met == 1)
         die();
     return file;
 }
@@ -192,7 +200,7 @@ static ssize_t written(int file, const void *bytes, size_t size, off_t place) {
     if (met > 0)
         size = (size + 1) / 2;
     ssize_t outcome = place < 0 ? syscall(SYS_write, file, bytes, size) : syscall(SYS_pwrite64, file, bytes, size, place);
-    if (met > 0)
+    if (met == 1)
         die();
     return outcome;
 }
@@ -206,7 +214,7 @@ ssize_t writev(int file, const struct iovec *pieces, int number) {
     if (met < 0)
         return -1;
     ssize_t outcome = syscall(SYS_writev, file, pieces, met > 0 ? (number + 1) / 2 : number);
-    if (met > 0)
+    if (met == 1)
         die();
     return outcome;
 }
@@ -217,7 +225,7 @@ size_t fwrite(const void *bytes, size_t size, size_t number, FILE *stream) {
     if (met < 0)
         return 0;
     size_t outcome = real(bytes, size, met > 0 ? (number + 1) / 2 : number, stream);
-    if (met > 0) {
+    if (met == 1) {
         fflush(stream);
         die();
     }

@@ -105,23 +105,29 @@ Workbook& BuiltInSpreadsheet::Active() {
     return *workbook_;
 }
 
-CellValue BuiltInSpreadsheet::Cells(int row, int column) {
+/// What the step gives; a workbook that turns out to be damaged is refused by the file's name.
+template <typename Step> auto BuiltInSpreadsheet::Reading(Step step) {
     try {
-        return Active().Cell(row, column);
+        return step(Active());
     } catch (const WorkbookError& failure) {
         throw Refused(QStringLiteral("The file ") + Quoted(path_) + QStringLiteral(" can't be read as a workbook: ") +
                       failure.Message());
     }
 }
 
+CellValue BuiltInSpreadsheet::Cells(int row, int column) {
+    return Reading([&](Workbook& workbook) { return workbook.Cell(row, column); });
+}
+
+bool BuiltInSpreadsheet::HasFormula(int row, int column) {
+    return Reading([&](Workbook& workbook) { return workbook.HasFormula(row, column); });
+}
+
 void BuiltInSpreadsheet::SetCells(int row, int column, const CellValue& value) {
-    try {
-        Active().SetCell(row, column, value);
+    Reading([&](Workbook& workbook) {
+        workbook.SetCell(row, column, value);
         changed_ = true;
-    } catch (const WorkbookError& failure) {
-        throw Refused(QStringLiteral("The file ") + Quoted(path_) + QStringLiteral(" can't be read as a workbook: ") +
-                      failure.Message());
-    }
+    });
 }
 
 void BuiltInSpreadsheet::SaveActiveWorkbookAs(const QString& path) {

@@ -28,6 +28,7 @@ class BuiltInSpreadsheet : public SpreadsheetApplication {
     void OpenWorkbook(const QString& path) override;
     void AddWorkbook() override;
     CellValue Cells(int row, int column) override;
+    bool HasFormula(int row, int column) override;
     void SetCells(int row, int column, const CellValue& value) override;
     void SaveActiveWorkbookAs(const QString& path) override;
     void SaveActiveWorkbook() override;
@@ -39,6 +40,7 @@ class BuiltInSpreadsheet : public SpreadsheetApplication {
     void TakeLock(const QString& path);
     void Write();
     Workbook& Active();
+    template <typename Step> auto Reading(Step step);
 
     BuiltInSpreadsheetParts parts_;
     std::optional<WorkbookLock> lock_;

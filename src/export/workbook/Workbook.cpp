@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 MaxSheetBytes = qint64(2) << 30;
 constexpr qint64 MaxAllSheetsBytes = 2 * MaxSheetBytes;
 /// A sheet of at most so many bytes is kept in memory, so that it is unpacked once.
-constexpr qint64 MostKeptBytes = 32 << 20;
+constexpr qint64 MostKeptBytes = 64 << 20;
 /// What a changed sheet may get besides its new cells and rows.
 constexpr qint64 BytesAroundRows = 1 << 10;
 constexpr qint64 MaxSharedBytes = 256 << 20;
@@ -67,6 +67,11 @@ CellValue Workbook::Cell(int row, int column) {
     return cell ? Meaning(*cell) : CellValue();
 }
 
+bool Workbook::HasFormula(int row, int column) {
+    const auto there = cells_->Find(row, column);
+    return there && there->HasFormula;
+}
+
 CellValue Workbook::Meaning(const StoredCell& cell) {
     // A formula is something even where its result is an empty text.
     if (!cell.HasValue)
@@ -95,9 +100,9 @@ CellValue Workbook::Meaning(const StoredCell& cell) {
 
 void Workbook::SetCell(int row, int column, const CellValue& value) {
     CheckFits(row, column, value);
-    const auto there = cells_->Find(row, column);
-    if (there && there->HasFormula)
+    if (HasFormula(row, column))
         throw Refused(row, column, QStringLiteral("holds a formula, which would be lost"));
+    const auto there = cells_->Find(row, column);
     written_.Set(row, column,
                  CellElement(outline_.Prefix, row, column, StyleFor(row, column, value, there), value, map_.From1904));
 }

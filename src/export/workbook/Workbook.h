@@ -19,6 +19,7 @@ class Workbook {
 
     /// Throws WorkbookError when the cell can't be read.
     CellValue Cell(int row, int column);
+    bool HasFormula(int row, int column);
     /// Throws SpreadsheetError for a cell outside the sheet, a text that is too long, a date that doesn't fit, and a
     /// cell with a formula, which is its user's.
     void SetCell(int row, int column, const CellValue& value);

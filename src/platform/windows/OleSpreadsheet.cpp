@@ -110,6 +110,16 @@ CellValue OleSpreadsheet::Cells(int row, int column) {
     });
 }
 
+bool OleSpreadsheet::HasFormula(int row, int column) {
+    return Driven([&] {
+        const AutomationValue cell = application_.Get(QStringLiteral("Cells"), {double(row), double(column)});
+        const auto* object = std::get_if<AutomationObject>(&cell);
+        const AutomationValue has = object ? object->Get(QStringLiteral("HasFormula")) : AutomationValue();
+        const auto* flag = std::get_if<bool>(&has);
+        return flag && *flag;
+    });
+}
+
 void OleSpreadsheet::SetCells(int row, int column, const CellValue& value) {
     Driven([&] {
         const AutomationValue content = AutomationValueOf(value);

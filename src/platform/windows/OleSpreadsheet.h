@@ -13,6 +13,7 @@ class OleSpreadsheet : public SpreadsheetApplication {
     void OpenWorkbook(const QString& path) override;
     void AddWorkbook() override;
     CellValue Cells(int row, int column) override;
+    bool HasFormula(int row, int column) override;
     void SetCells(int row, int column, const CellValue& value) override;
     void SaveActiveWorkbookAs(const QString& path) override;
     void SaveActiveWorkbook() override;

@@ -1,5 +1,6 @@
 #include "platform/Directories.h"
 #include "platform/EarlierCopy.h"
+#include "platform/InPlace.h"
 #include "platform/TextFile.h"
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
@@ -37,6 +38,8 @@ class tst_unixfiles : public QObject {
     void WriteFile_Existing_ReplacedAsItWas();
     void WriteFile_MayNotBeReplaced_WrittenInPlace_data();
     void WriteFile_MayNotBeReplaced_WrittenInPlace();
+    void FileLock_EndedWritingInPlace_PutBack_data();
+    void FileLock_EndedWritingInPlace_PutBack();
     void WriteFile_DiskFullNewFile_NoPieceLeft();
     void WriteFile_NoPermission_EarlierVersionUntouched_data();
     void WriteFile_NoPermission_EarlierVersionUntouched();
@@ -164,6 +167,36 @@ void tst_unixfiles::WriteFile_MayNotBeReplaced_WrittenInPlace() {
     QCOMPARE(BytesOf(Path("a")), written ? "123456" : "1234");
     QCOMPARE(ModeOf(Path("a")), 0666u);
     QCOMPARE(Names(), QStringList{QStringLiteral("a")});
+}
+
+void tst_unixfiles::FileLock_EndedWritingInPlace_PutBack_data() {
+    QTest::addColumn<QByteArray>("note");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("copy");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<bool>("copyStays");
+    const QByteArray earlier = "earlier";
+    QTest::newRow("copying") << QByteArray("copying 1") << earlier << QByteArray("ear") << earlier << false;
+    QTest::newRow("in the middle") << QByteArray("over 1") << QByteArray("newlier") << earlier << earlier << false;
+    QTest::newRow("before the cut") << QByteArray("over 1") << QByteArray("new one, longer") << earlier
+                                    << QByteArray("new one, longer") << false;
+    QTest::newRow("changed since") << QByteArray("over 1") << QByteArray("by hand") << earlier << QByteArray("by hand")
+                                   << true;
+}
+
+void tst_unixfiles::FileLock_EndedWritingInPlace_PutBack() {
+    QFETCH(QByteArray, note);
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, copy);
+    QFETCH(bool, copyStays);
+    PutBytes(Path("a"), content);
+    PutBytes(Path("a.earlier(1)"), copy);
+    PutBytes(Path(".a.vellumo-new"), "new one, longer");
+    PutBytes(Path(".a.vellumo-lock"), "process 1 on x\nnote: " + note + "  \n");
+    AwaitWriter(Path("a"));
+    QTEST(BytesOf(Path("a")), "after");
+    QCOMPARE(QFile::exists(Path("a.earlier(1)")), copyStays);
+    QVERIFY(!QFile::exists(Path(".a.vellumo-lock")));
 }
 
 void tst_unixfiles::WriteFile_DiskFullNewFile_NoPieceLeft() {
