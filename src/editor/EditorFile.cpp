@@ -5,9 +5,7 @@
 #include "testdoc/EarlierTest.h"
 #include "testdoc/LostBySaving.h"
 
-#include <QCryptographicHash>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 
@@ -17,15 +15,6 @@ namespace {
 
 const QString WindowTitle = QStringLiteral("Vellumo Editor - ");
 constexpr int MaxListedFiles = 10;
-
-/// What tells one content of a file from another; empty when there is no such file.
-QByteArray DigestOf(const QString& path) {
-    QFile file(path);
-    QCryptographicHash digest(QCryptographicHash::Sha256);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !digest.addData(&file))
-        return {};
-    return digest.result();
-}
 
 /// From scratch: what ClearTest leaves of an earlier test must not come into a new one.
 TestDocument EmptyTest(const QString& name) {
@@ -50,7 +39,8 @@ bool EditorFile::Load() {
 
 void EditorFile::LoadRecovered(const TypedEntries& typed) {
     inFile_ = false;
-    inFileThen_ = DigestOf(parts_.Test.TestFileName);
+    if (!parts_.Copies.FileThen())
+        parts_.Copies.SetFileThen(FileDigest(parts_.Test.TestFileName));
     newIn_.clear();
     view_.RefreshFromTest();
     view_.ShowHome();
@@ -130,7 +120,6 @@ void EditorFile::Replace(const TestDocument& test, Answer answer) {
         parts_.Copies.Drop(parts_.Test);
     parts_.Test = test;
     inFile_ = QDir::isAbsolutePath(test.TestFileName);
-    inFileThen_ = DigestOf(test.TestFileName);
     parts_.Copies.Begin(parts_.Test);
     view_.RefreshFromTest();
     view_.ShowHome();
@@ -170,17 +159,18 @@ bool EditorFile::SaveNew() {
 
 bool EditorFile::SaveToKnownFile() {
     const QString path = parts_.Test.TestFileName;
-    const QByteArray now = DigestOf(path);
+    const QByteArray now = FileDigest(path);
+    const std::optional<QByteArray>& then = parts_.Copies.FileThen();
     const QString file = QStringLiteral("The file '") + path + u'\'';
     QString question;
     QString title;
-    if (inFileThen_ && !now.isEmpty() && now != *inFileThen_) {
+    if (then && !now.isEmpty() && now != *then) {
         title = QStringLiteral("Changed Elsewhere");
         question = file + QStringLiteral(" was changed by another program after it was opened here. To replace it "
                                          "loses what was written to it then.");
     } else if (const QStringList lost = LostBySaving(parts_.Test, path); !lost.isEmpty()) {
         title = QStringLiteral("Not All Was Read");
-        question = file + QStringLiteral(" holds something that isn't in the editor, and to replace it loses that. ") +
+        question = file + QStringLiteral(" holds something that isn't in the editor, and to replace it loses that:\n\n") +
                    FirstLost(lost) + u'.';
     }
     if (question.isEmpty())
@@ -229,7 +219,7 @@ bool EditorFile::SaveTest(const QString& path) {
     const SaveOutcome outcome = WriteTo(path);
     if (outcome.Written) {
         saved_ = inFile_ = true;
-        inFileThen_ = DigestOf(path);
+        parts_.Copies.SetFileThen(FileDigest(path));
         if (parts_.Saved)
             parts_.Saved(path);
     }

@@ -11,7 +11,6 @@
 #include <QStringList>
 
 #include <functional>
-#include <optional>
 
 /// The window of the editor, as far as opening and saving concern it.
 class EditorView {
@@ -113,9 +112,6 @@ class EditorFile {
     bool saved_ = true;
     bool inFile_ = false;
     bool copyFailureTold_ = false;
-    /// What the file held when it was last read or written here: a digest, empty when there was no file. Nothing while
-    /// that isn't known.
-    std::optional<QByteArray> inFileThen_;
     QStringList fileList_;
     /// The current directory may be another one by the time that a file is chosen, or a new test saved.
     QString listedIn_;

@@ -17,10 +17,12 @@ Prompt LeftTestQuestion(const RecoveredTest& left, LeftTestOffer when) {
     const QString file = hasFile ? QStringLiteral("the file '") + test.TestFileName + u'\''
                                  : QStringLiteral("a test that has no file yet");
     const QDateTime saved = QFileInfo(test.TestFileName).lastModified();
+    const QByteArray now = FileDigest(test.TestFileName);
+    const bool changed = left.FileThen ? !now.isEmpty() && now != *left.FileThen : saved > left.KeptAt;
     // Whoever goes on with the older one would undo what was saved since.
     const QString newer =
-        hasFile && saved > left.KeptAt
-            ? QStringLiteral(" The file was changed after that, on ") + ShortTime(saved) +
+        hasFile && changed
+            ? QStringLiteral(" The file was changed meanwhile, on ") + ShortTime(saved) +
                   QStringLiteral(": what was written to it then is not among them, and saving them would replace it.")
             : QString();
     const QString choices =

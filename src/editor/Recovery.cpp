@@ -4,6 +4,7 @@
 #include "platform/Directories.h"
 #include "platform/SafeFile.h"
 
+#include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
@@ -27,11 +28,13 @@ std::unique_ptr<FileLock> LockedCopy(const QString& path) {
     return lock->Take(0) == FileLock::Outcome::Taken ? std::move(lock) : nullptr;
 }
 
-QByteArray CopyOf(const QByteArray& snapshot, const QDateTime& now) {
+QByteArray CopyOf(const QByteArray& snapshot, const std::optional<QByteArray>& fileThen, const QDateTime& now) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_6_0);
     stream << now << snapshot;
+    if (fileThen)
+        stream << *fileThen;
     return bytes;
 }
 
@@ -49,6 +52,8 @@ bool ReadCopy(const QString& path, RecoveredTest& copy) {
     stream.setVersion(QDataStream::Qt_6_0);
     QByteArray snapshot;
     stream >> copy.KeptAt >> snapshot;
+    if (!stream.atEnd())
+        stream >> copy.FileThen.emplace();
     return stream.status() == QDataStream::Ok && FromSnapshot(snapshot, copy.Test, copy.Typed);
 }
 
@@ -60,11 +65,20 @@ bool IsSameTest(const QString& fileName, const QString& other) {
 
 } // namespace
 
+QByteArray FileDigest(const QString& path) {
+    QFile file(path);
+    QCryptographicHash digest(QCryptographicHash::Sha256);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !digest.addData(&file))
+        return {};
+    return digest.result();
+}
+
 void Recovery::Begin(const TestDocument& test) {
     LetGo();
     editing_ = true;
     inFile_ = ToSnapshot(test);
     kept_.clear();
+    fileThen_ = FileDigest(test.TestFileName);
 }
 
 void Recovery::End() {
@@ -82,6 +96,7 @@ bool Recovery::GoOnWith(const RecoveredTest& left) {
     // Nothing is known of the file, so any state of the document is a change.
     inFile_.clear();
     kept_ = ToSnapshot(left.Test, left.Typed);
+    fileThen_ = left.FileThen;
     path_ = left.Path;
     lock_ = std::move(lock);
     return true;
@@ -104,7 +119,7 @@ Result Recovery::Keep(const TestDocument& test, const TypedEntries& typed) {
     if (const QString reason = path_.isEmpty() ? TakeFreePlace() : QString(); !reason.isEmpty())
         return Result::Failed(NoCopy + QStringLiteral(" in the folder '") + folder_ + QStringLiteral("': ") + reason +
                               u'.');
-    if (const Result written = WriteFile(path_, CopyOf(snapshot, time_.Now())); !written)
+    if (const Result written = WriteFile(path_, CopyOf(snapshot, fileThen_, time_.Now())); !written)
         return Result::Failed(NoCopy + QStringLiteral(". ") + written.Message());
     kept_ = snapshot;
     return Result::Done();

@@ -11,6 +11,9 @@
 #include <optional>
 #include <vector>
 
+/// What tells one content of a file from another; empty when there is no such file.
+QByteArray FileDigest(const QString& path);
+
 /// A copy of a test with unsaved changes that was left.
 struct RecoveredTest {
     TestDocument Test;
@@ -18,6 +21,8 @@ struct RecoveredTest {
     TypedEntries Typed;
     QDateTime KeptAt;
     QString Path;
+    /// What the test's file held when the changes were begun, as FileDigest gives it; not known from earlier versions.
+    std::optional<QByteArray> FileThen;
     /// It was left in this run of the program; otherwise by one that has ended.
     bool InThisRun = false;
 };
@@ -37,6 +42,10 @@ class Recovery {
     /// Goes on with a copy that was left, which stays until it is saved or dropped.
     /// False when another program has taken it meanwhile.
     bool GoOnWith(const RecoveredTest& left);
+    /// What the file of the test held when it was last read or written here, as FileDigest gives it: empty when there
+    /// was no file, nothing while that isn't known. It is kept with the copy.
+    const std::optional<QByteArray>& FileThen() const { return fileThen_; }
+    void SetFileThen(const QByteArray& digest) { fileThen_ = digest; }
     /// Whether the document differs from what is in its file, or something is typed for it.
     bool HasChanges(const TestDocument& test, const TypedEntries& typed = {}) const;
     /// Brings the copy up to date: writes it when the document has changed, and drops it when it is as it was in its
@@ -65,6 +74,7 @@ class Recovery {
     bool editing_ = false;
     QByteArray inFile_;
     QByteArray kept_;
+    std::optional<QByteArray> fileThen_;
     QString path_;
     std::unique_ptr<FileLock> lock_;
     /// The locks of copies of earlier documents of this run, by their paths: held, lest another program offers them

@@ -93,6 +93,7 @@ Result AutoReportFlow::Write(const QString& found) {
     session_.AutoReportDone = true;
     session_.Filed.ReportPath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
     session_.Filed.Report = session_.Responses;
+    session_.Filed.ReportClient = session_.ClientName;
     return test.TestOption(OpenReportWhenCompleted) ? launcher_.Open(session_.UserSettings.DefaultEditor, path)
                                                     : Result::Done();
 }

@@ -1,25 +1,62 @@
 #include "taker/Leaving.h"
 
+#include "base/Text.h"
 #include "taker/Answers.h"
+#include "taker/Scoring.h"
 
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace {
 
+/// A test may have fifty sub-scales; the line has to stay readable.
+constexpr qsizetype MostScalesNamed = 5;
+
 const QString LeaveTitle = QStringLiteral("Leave the Test");
 
+bool UsesAny(const TestDocument& test, std::initializer_list<Option> options) {
+    return std::ranges::any_of(options, [&](Option option) { return test.TestOption(option); });
+}
+
+bool ReportNamesEarlierClient(const Session& session) {
+    return session.Filed.ReportClient != session.ClientName &&
+           UsesAny(session.Test, {PromptClientName, AutosaveReportAsClient, AutosaveReportDirectoryAsClient});
+}
+
+bool RowNamesEarlierClient(const Session& session) {
+    return session.Filed.WorkbookClient != session.ClientName &&
+           UsesAny(session.Test,
+                   {IncludeClientNameInExcel, AutosaveExcelDirectoryAsClient, AutosaveExcelReportAsClient});
+}
+
 bool InReportFile(const Session& session) {
-    return !session.Filed.ReportPath.isEmpty() && session.Filed.Report.SameAnswers(session.Responses);
+    return !session.Filed.ReportPath.isEmpty() && session.Filed.Report.SameAnswers(session.Responses) &&
+           !ReportNamesEarlierClient(session);
 }
 
 bool InWorkbook(const Session& session) {
-    return !session.SpreadsheetFilePath.isEmpty() && session.Filed.Workbook.SameAnswers(session.Responses);
+    return !session.SpreadsheetFilePath.isEmpty() && session.Filed.Workbook.SameAnswers(session.Responses) &&
+           !RowNamesEarlierClient(session);
+}
+
+/// What a file holds that isn't up to date, for a sentence about it.
+QString HoldsEarlier(const Session& session, const ResponseSet& filed) {
+    return filed.SameAnswers(session.Responses) ? QStringLiteral("' is for the client's earlier name.")
+                                                : QStringLiteral("' holds earlier answers.");
 }
 
 bool OnScreen(const Session& session) {
     return session.Filed.Shown && session.Filed.Shown->SameAnswers(session.Responses);
+}
+
+/// In some file, be it under another name.
+bool AnswersAreSaved(const Session& session) {
+    const FiledAnswers& filed = session.Filed;
+    return (!filed.ReportPath.isEmpty() && filed.Report.SameAnswers(session.Responses)) ||
+           (!session.SpreadsheetFilePath.isEmpty() && filed.Workbook.SameAnswers(session.Responses));
 }
 
 QString DraftsSentence(const Session& session) {
@@ -46,11 +83,33 @@ QString WhatWouldBeLost(const Session& session, LeavingLoses loses) {
         break;
     }
     const QString earlier = session.Filed.ReportPath.isEmpty() ? session.SpreadsheetFilePath : session.Filed.ReportPath;
-    return (earlier.isEmpty() ? QStringLiteral("The answers to this test are in no report and in no workbook. If you "
-                                               "leave it now, they are lost.")
-                              : QStringLiteral("Answers were changed after they were saved in '") + earlier +
-                                    QStringLiteral("'. If you leave the test now, the changes are lost.")) +
-           drafts;
+    if (earlier.isEmpty())
+        return QStringLiteral("The answers to this test are in no report and in no workbook. If you leave it now, they "
+                              "are lost.") +
+               drafts;
+    const QString changed = AnswersAreSaved(session)
+                                ? QStringLiteral("The client's name was changed after the answers were saved in '")
+                                : QStringLiteral("Answers were changed after they were saved in '");
+    return changed + earlier + QStringLiteral("'. If you leave the test now, the changes are lost.") + drafts;
+}
+
+/// The scales of the row that have unanswered questions, each with what is answered; empty when there is none.
+QString IncompleteScores(const Session& session) {
+    const TestDocument& test = session.Test;
+    const std::vector<Completeness> scales = CompletenessOf(test, session.Responses);
+    QStringList incomplete;
+    const auto add = [&](const QString& name, const Completeness& scale) {
+        if (scale.Incomplete())
+            incomplete += name + u' ' + scale.Text();
+    };
+    if (test.TestOption(IncludeTotalScoreInExcel))
+        add(QStringLiteral("total"), scales[0]);
+    for (int s = 1; s <= test.SubscaleCount && test.TestOption(IncludeSubscalesInExcel); ++s)
+        add(Quoted(test.SubscaleName(s)), scales[static_cast<size_t>(s)]);
+    if (incomplete.size() > MostScalesNamed)
+        incomplete = incomplete.first(MostScalesNamed)
+                     << QStringLiteral("and %1 more").arg(incomplete.size() - MostScalesNamed);
+    return incomplete.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -62,13 +121,14 @@ QStringList FilingLines(const Session& session) {
     if (InReportFile(session))
         lines += QStringLiteral("The report was saved in '") + filed.ReportPath + u'\'';
     else if (!filed.ReportPath.isEmpty())
-        lines += QStringLiteral("The report in '") + filed.ReportPath + QStringLiteral("' holds earlier answers.") +
+        lines += QStringLiteral("The report in '") + filed.ReportPath + HoldsEarlier(session, filed.Report) +
                  (buttons ? QStringLiteral(" 'Auto-Report' writes a new one.") : QString());
-    if (InWorkbook(session))
+    if (InWorkbook(session)) {
         lines += QStringLiteral("The results were added to '") + session.SpreadsheetFilePath + u'\'';
-    else if (!session.SpreadsheetFilePath.isEmpty())
-        lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath +
-                 QStringLiteral("' holds earlier answers.") +
+        if (const QString scores = IncompleteScores(session); !scores.isEmpty())
+            lines += QStringLiteral("Scores of the row that are not complete: ") + scores;
+    } else if (!session.SpreadsheetFilePath.isEmpty())
+        lines += QStringLiteral("The row in '") + session.SpreadsheetFilePath + HoldsEarlier(session, filed.Workbook) +
                  (buttons ? QStringLiteral(" 'Export' adds a new one.") : QString());
     return lines;
 }
@@ -76,10 +136,12 @@ QStringList FilingLines(const Session& session) {
 Result ExportResults(SpreadsheetExporter& exporter, Session& session) {
     const QString earlier = std::exchange(session.SpreadsheetFilePath, QString());
     const auto noted = qScopeGuard([&] {
-        if (session.SpreadsheetFilePath.isEmpty())
+        if (session.SpreadsheetFilePath.isEmpty()) {
             session.SpreadsheetFilePath = earlier;
-        else
+        } else {
             session.Filed.Workbook = session.Responses;
+            session.Filed.WorkbookClient = session.ClientName;
+        }
     });
     return exporter.Export(session);
 }

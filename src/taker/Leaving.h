@@ -4,8 +4,9 @@
 #include "taker/Administration.h"
 #include "taker/SpreadsheetExporter.h"
 
-/// What of the current administration is in files, one line for each: the full path, and when the answers were changed
-/// after that, that it holds the earlier ones.
+/// What of the current administration is in files, one line for each: the full path, and when the answers or the
+/// client's name were changed after that, that it holds the earlier ones. Scores in the workbook's row are named when
+/// their questions aren't all answered.
 QStringList FilingLines(const Session& session);
 
 /// Runs the export, and notes which answers went into the workbook.

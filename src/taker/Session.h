@@ -8,12 +8,15 @@
 #include <optional>
 #include <utility>
 
-/// What was made of the current administration's answers, each with the answers that went into it.
+/// What was made of the current administration's answers, each with the answers and the client's name that went into
+/// it.
 struct FiledAnswers {
     /// Full path of the report file written last; empty for none.
     QString ReportPath;
     ResponseSet Report;
+    QString ReportClient;
     ResponseSet Workbook;
+    QString WorkbookClient;
     /// The answers of the report that was shown last. Its window asks by itself before it drops an unsaved one.
     std::optional<ResponseSet> Shown;
 };

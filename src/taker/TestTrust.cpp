@@ -1,5 +1,6 @@
 #include "taker/TestTrust.h"
 
+#include "base/Text.h"
 #include "platform/FileNames.h"
 #include "taker/SpreadsheetExporter.h"
 #include "testdoc/TestParser.h"
@@ -130,14 +131,24 @@ bool IsWithin(const QString& path, const QString& workingDirectory) {
                                 inner.startsWith(outer.endsWith(u'/') ? outer : outer + u'/', asFileNames));
 }
 
-QString Shown(const QString& path) { return u'\'' + QDir::toNativeSeparators(path) + u'\''; }
+/// A text from the test, for the question: it can't put lines of its own into it, write backwards, or push the rest out
+/// of view.
+QString Shown(QString text) {
+    for (QChar& c : text)
+        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format ||
+            c.category() == QChar::Separator_Line || c.category() == QChar::Separator_Paragraph)
+            c = u' ';
+    return Quoted(text);
+}
+
+QString ShownPath(const QString& path) { return Shown(QDir::toNativeSeparators(path)); }
 
 void AddOutside(QStringList& acts, const QString& what, const std::vector<Target>& targets,
                 const QString& workingDirectory) {
     for (const Target& target : targets) {
         const QString folder = target.Folder();
         if (!IsWithin(target.Path, workingDirectory))
-            acts.append(what + QStringLiteral(" into the folder ") + Shown(folder) +
+            acts.append(what + QStringLiteral(" into the folder ") + ShownPath(folder) +
                         (target.InClientFolder ? QStringLiteral(", in a folder for each client") : QString()) +
                         (QFileInfo(folder).isDir() ? QString() : QStringLiteral("; the folder would be made")));
     }
@@ -179,7 +190,7 @@ void AddAppending(QStringList& acts, const QString& what, const QStringList& fil
     qsizetype foreign = 0;
     for (const QString& file : files)
         if (!IsOwn(file, context) && ++foreign <= MostFilesNamed)
-            acts.append(what + QStringLiteral(" to the file ") + Shown(file) + unless);
+            acts.append(what + QStringLiteral(" to the file ") + ShownPath(file) + unless);
     if (foreign > MostFilesNamed)
         acts.append(what + QStringLiteral(" to %1 more such files").arg(foreign - MostFilesNamed));
 }
@@ -205,14 +216,14 @@ QStringList ActsBeyondItsResults(const TestDocument& test, const TrustContext& c
 }
 
 ChoicePrompt TrustQuestion(const TestDocument& test, const QStringList& acts, const QString& workingDirectory) {
-    QString text = QStringLiteral("The test '") + test.TestTitle + QStringLiteral("' (") +
-                   QDir::toNativeSeparators(AbsolutePath(test.TestFileName)) +
+    QString text = QStringLiteral("The test ") + Shown(test.TestTitle) + QStringLiteral(" (") +
+                   ShownPath(AbsolutePath(test.TestFileName)) +
                    QStringLiteral(") does more than put its results into the working directory. It would:\n\n");
     for (const QString& act : acts)
         text += QStringLiteral("\u2022 ") + act + u'\n';
     text += QStringLiteral("\nAllow this only if you know who wrote the test. With \"No\" the test can be taken all "
                            "the same; its results stay in ") +
-            Shown(workingDirectory) + u'.';
+            ShownPath(workingDirectory) + u'.';
     return {text,
             {{QStringLiteral("&Allow for this test")},
              {QStringLiteral("&Only this time")},

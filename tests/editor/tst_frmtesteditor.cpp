@@ -310,15 +310,18 @@ class tst_frmtesteditor : public QObject {
     void Save_FileIsAnothers_IsNotReplaced_data() {
         QTest::addColumn<bool>("isNew");
         QTest::addColumn<QString>("choice");
-        QTest::newRow("new test") << true << QString();
-        QTest::newRow("changed elsewhere, save as") << false << u"Save As"_s;
-        QTest::newRow("changed elsewhere, cancel") << false << u"Cancel"_s;
-        QTest::newRow("changed elsewhere, replace") << false << u"Replace"_s;
+        QTest::addColumn<bool>("leaves");
+        QTest::newRow("new test") << true << QString() << false;
+        QTest::newRow("changed elsewhere, save as") << false << u"Save As"_s << false;
+        QTest::newRow("changed elsewhere, cancel") << false << u"Cancel"_s << false;
+        QTest::newRow("changed elsewhere, replace") << false << u"Replace"_s << false;
+        QTest::newRow("changed elsewhere, left and gone on with") << false << u"Cancel"_s << true;
     }
 
     void Save_FileIsAnothers_IsNotReplaced() {
         QFETCH(const bool, isNew);
         QFETCH(const QString, choice);
+        QFETCH(const bool, leaves);
         Editor editor;
         if (isNew)
             editor.ChooseItem(u"mnufile_1"_s);
@@ -327,6 +330,12 @@ class tst_frmtesteditor : public QObject {
         const QString path = editor.Path(isNew ? u"untitled.vlm"_s : u"mood.vlm"_s);
         const QByteArray others = "[TITLE]Another's[/TITLE]";
         PutBytes(path, others);
+        if (leaves) {
+            editor.ClickOn(u"Command2"_s);
+            editor.ClickOn(u"Command2"_s);
+            editor.prompts.Expect(u"The file was changed meanwhile, on "_s, PromptAnswer::Yes).InPart();
+            QVERIFY(editor.OpenAgain());
+        }
         // A new test's place is where it was begun, whatever the current directory is by now.
         QDir::setCurrent(editor.kept.path());
         if (!isNew)

@@ -75,7 +75,7 @@ class tst_frmtest : public QObject {
     void TextSize_Keys_AllAndRemembered();
     void Letters_SeenAtOnce_Differ();
     void Completion_LastReanswered_FilesOnce();
-    void Export_NoExporter_SaysSo();
+    void Export_Outcome_SaysSo();
     void AutoReport_Dialog_FirstAndSecondTime();
     void AutoReport_Cancelled_NothingWritten();
     void AutoReport_FileFails_ShownAndTold_data();
@@ -639,7 +639,7 @@ void tst_frmtest::Completion_LastReanswered_FilesOnce() {
     QCOMPARE(taking.navigator.Calls, QStringList());
 }
 
-void tst_frmtest::Export_NoExporter_SaysSo() {
+void tst_frmtest::Export_Outcome_SaysSo() {
     const QString message = QStringLiteral("The spreadsheet export is not part of this version of Vellumo yet.");
     TestWindow taking(Questions + QStringLiteral("[INCLUDE DATE IN EXCEL FILE]"));
     taking.Open();
@@ -656,6 +656,16 @@ void tst_frmtest::Export_NoExporter_SaysSo() {
     failed.Open(&failing);
     failed.Do(AllAnswered);
     QCOMPARE(failed.Status(), QStringLiteral("No room"));
+
+    CountingExporter exporter;
+    exporter.Path = QStringLiteral("/w.exl");
+    TestWindow halfway(Questions +
+                       QStringLiteral("[SUBSCALES][S]Ease[/S][/SUBSCALES][INCLUDE TOTAL SCORE IN EXCEL FILE]"
+                                      "[INCLUDE SUB-SCALES IN EXCEL FILE]"));
+    halfway.Open(&exporter);
+    halfway.Do(QStringLiteral("1e"));
+    QCOMPARE(halfway.Status(), QStringLiteral("The results were added to '/w.exl'\n"
+                                              "Scores of the row that are not complete: total answered 1 of 2"));
 }
 
 void tst_frmtest::AutoReport_Dialog_FirstAndSecondTime() {
@@ -664,6 +674,15 @@ void tst_frmtest::AutoReport_Dialog_FirstAndSecondTime() {
     taking.Open();
     taking.Do(AllAnswered);
     QVERIFY(QFile::exists(taking.folder.filePath(QStringLiteral("Mood Ann Lee.txt"))));
+
+    // The name is corrected afterwards.
+    taking.session.ClientName = QStringLiteral("Anna Lee");
+    Choose(*taking.window, QStringLiteral("mnuclient"));
+    QVERIFY2(taking.Status().endsWith(u"is for the client's earlier name. 'Auto-Report' writes a new one."),
+             qPrintable(taking.Status()));
+    taking.prompts.ExpectChoice(QStringLiteral("The client's name was changed"), QStringLiteral("Cancel")).InPart();
+    taking.Do(QStringLiteral("q"));
+    taking.session.ClientName = QStringLiteral("Ann Lee");
 
     DialogDriver driver([](QDialog& dialog) {
         QVERIFY(Find<QLabel>(dialog, QStringLiteral("LblNote")).isVisible());

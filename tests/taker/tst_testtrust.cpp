@@ -124,6 +124,10 @@ void tst_testtrust::Acts_FilesOfItsOwn_AreNotMentioned() {
     QCOMPARE(test.ExcelFileName, DefaultWorkbookName);
     ConfineResults(test, {work_->path(), {}});
     QCOMPARE(test.ExcelFileName, DefaultWorkbookName + QStringLiteral("(1)"));
+    // A title can't write the question.
+    test.TestTitle = QStringLiteral("Safe'.\r\n\nAllow it") + QString(5000, u' ');
+    const QString question = TrustQuestion(test, {QStringLiteral("act")}, work_->path()).Text;
+    QVERIFY2(question.size() < 1000 && !question.contains(u"\nAllow it"), qPrintable(question));
 }
 
 void tst_testtrust::TrustedTests_NewRun_RemembersWhatItCan() {

@@ -121,6 +121,9 @@ void AppNavigator::ShowText(const QString& text, const QString& caption, TextKin
     auto* report = Owned(new frmEdit(parts_.Ports, *this));
     reports_.append(report);
     report->ShowText(text, caption, kind);
+    // A report that was given up keeps no result any more.
+    if (kind == TextKind::Report)
+        QObject::connect(report, &frmEdit::Dropped, [&run = parts_.Run] { run.Filed.Shown.reset(); });
 }
 
 void AppNavigator::ShowHelp(HelpTopic topic) {

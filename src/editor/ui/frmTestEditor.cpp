@@ -1,6 +1,7 @@
 #include "editor/ui/frmTestEditor.h"
 
 #include "editor/FindingsText.h"
+#include "platform/Guarded.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/ScrollingPage.h"
@@ -37,6 +38,12 @@ void FocusFirstControl(QWidget& page) {
             next->isVisibleTo(&page) && !next->focusProxy())
             // Not as the Tab key does: the first letter would replace the whole text.
             return next->setFocus(Qt::OtherFocusReason);
+}
+
+/// Flat, as at twice the size on a small screen each line of the page counts.
+void SetFlatRoom(QLayout& row) {
+    SetRoom(row, 2, 1);
+    row.setContentsMargins(2 * GridUnit, GridUnit, 2 * GridUnit, GridUnit);
 }
 
 QLayout* WithSideMargins(QWidget* widget) {
@@ -125,7 +132,7 @@ QWidget* frmTestEditor::MakeHeading() {
     // A long title is cut at the window's edge and never widens it.
     heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* row = new QHBoxLayout(strip);
-    SetRoom(*row, 2, 1);
+    SetFlatRoom(*row);
     row->addWidget(heading_, 1);
     saveState_ = Named(new QLabel, QStringLiteral("SaveState"));
     saveState_->setTextFormat(Qt::PlainText);
@@ -146,7 +153,7 @@ QLayout* frmTestEditor::MakeButtons() {
     Quit_ = make("Quit", QStringLiteral("Quit"), &frmTestEditor::Quit_Click);
 
     auto* row = new QHBoxLayout;
-    SetRoom(*row, 2, 1);
+    SetFlatRoom(*row);
     row->addWidget(Command1_);
     row->addStretch(1);
     row->addWidget(Command2_);
@@ -192,15 +199,7 @@ void frmTestEditor::ConnectPages() {
     connect(findings_, &FindingsLine::Chosen, this, [this](const TestPlace& place) { Guarded([&] { GoTo(place); }); });
 }
 
-void frmTestEditor::Guarded(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        parts_.Boxes.Inform(failure.Message());
-    } catch (const std::exception& failure) {
-        parts_.Boxes.Inform(QString::fromLocal8Bit(failure.what()));
-    }
-}
+void frmTestEditor::Guarded(const std::function<void()>& action) { RunGuarded(parts_.Boxes, action); }
 
 void frmTestEditor::RefreshFromTest() {
     checks_->RefreshFromTest();

@@ -1,30 +1,26 @@
 #include "taker/ui/FrmTest.h"
 
+#include "platform/Guarded.h"
 #include "platform/ui/GradientBackground.h"
 #include "platform/ui/HelpKey.h"
 #include "platform/ui/Named.h"
 #include "platform/ui/Typography.h"
 #include "platform/ui/WindowPlacement.h"
-#include "taker/AutoReportFlow.h"
 #include "taker/Leaving.h"
+#include "taker/ui/ControlWheel.h"
 #include "taker/ui/DialogAutoReport.h"
 #include "taker/ui/Mnemonics.h"
 #include "taker/ui/WrappingRow.h"
 #include "taker/ui/frmOptionsTest.h"
 
-#include <QAbstractScrollArea>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QShortcut>
-#include <QWheelEvent>
 
 namespace {
-
-const QString NoSpreadsheetExport =
-    QStringLiteral("The spreadsheet export is not part of this version of Vellumo yet.");
 
 QString WithoutMnemonic(QString caption) { return caption.replace(u'&', QStringLiteral("&&")); }
 
@@ -50,6 +46,11 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
       sizes_(AnswerSizesFor(SummaryOf(parts.TheSession.Test).LongestAnswerLength,
                             SummaryOf(parts.TheSession.Test).MaxAnswerCount)),
       course_(parts.TheSession),
+      filing_(
+          {parts.TheSession, parts.ThePrompts, parts.TheClock, parts.TheLauncher, parts.TheNavigator, parts.Exporter},
+          [this](AutoReportForm& form) {
+              DialogAutoReport(form, parts_.TheSession, parts_.TheFileChooser, parts_.TheNavigator, this).exec();
+          }),
       readingSize_(parts.Store,
                    ReadingSize::LargestOn(screen()->availableSize().width(), screen()->availableSize().height())) {
     setObjectName(QStringLiteral("FrmTest"));
@@ -73,9 +74,7 @@ FrmTest::FrmTest(const TestWindowParts& parts, QWidget* parent)
     column->addLayout(MakeButtonRow());
     column->addWidget(LblStatus_);
     setCentralWidget(background);
-    // These would take the wheel for themselves.
-    for (auto* area : background->findChildren<QAbstractScrollArea*>())
-        area->viewport()->installEventFilter(this);
+    new ControlWheel(*this, [this](int direction) { ChangeReadingSize(direction); });
     ApplyReadingSize();
     Form_Load();
 }
@@ -138,8 +137,10 @@ void FrmTest::ConnectMenus() {
     connect(menus_, &TestMenus::mnut_Click, this, &FrmTest::mnut_Click);
     connect(menus_, &TestMenus::mnusize_Click, this, &FrmTest::ChangeReadingSize);
     addActions(menus_->SizeItems());
-    connect(menus_, &TestMenus::mnuclient_Click, this,
-            [&navigator] { navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator")); });
+    connect(menus_, &TestMenus::mnuclient_Click, this, [this, &navigator] {
+        navigator.AskNames(QStringLiteral("Confirm Client & Test Administrator"));
+        ShowStatus();
+    });
     connect(menus_, &TestMenus::mnugeneraloptions_Click, this, [&navigator] { navigator.ShowGeneralOptions(); });
     connect(menus_, &TestMenus::hlpy_Click, this, [&navigator] { navigator.ShowHelp(HelpTopic::TestWindow); });
     connect(menus_, &TestMenus::mnuhelpabout_Click, this, [&navigator] { navigator.ShowAbout(); });
@@ -148,20 +149,10 @@ void FrmTest::ConnectMenus() {
 // Showing and answering
 
 void FrmTest::Step(const std::function<void()>& step) {
-    Guarded([&] {
+    RunGuarded(parts_.ThePrompts, [&] {
         step();
         ShowPage();
     });
-}
-
-void FrmTest::Guarded(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        parts_.ThePrompts.Inform(failure.Message());
-    } catch (const std::exception& failure) {
-        parts_.ThePrompts.Inform(QString::fromLocal8Bit(failure.what()));
-    }
 }
 
 void FrmTest::ShowPage() {
@@ -282,31 +273,19 @@ void FrmTest::RunCompletion() {
     }
     if (course_.Page() != TestPage::Completed)
         return;
-    if (course_.WantsSpreadsheetExport())
-        Guarded([this] {
-            if (const Result exported = Exported(); !exported)
-                AddToStatus(exported.Message());
-        });
-    if (course_.WantsAutoReport())
-        RunAutoReport();
+    filing_.Complete(course_);
     ShowStatus();
 }
 
 void FrmTest::auto_Click() {
     ClearStatus();
-    RunAutoReport();
+    filing_.AutoReport();
+    ShowStatus();
 }
 
-void FrmTest::RunAutoReport() {
-    const auto ask = [this](AutoReportForm& form) {
-        DialogAutoReport(form, parts_.TheSession, parts_.TheFileChooser, parts_.TheNavigator, this).exec();
-    };
-    Guarded([&] {
-        AutoReportFlow flow(parts_.TheSession, parts_.ThePrompts, parts_.TheClock, parts_.TheLauncher,
-                            parts_.TheNavigator);
-        if (const Result outcome = flow.Run(ask); !outcome)
-            AddToStatus(outcome.Message());
-    });
+void FrmTest::CmdExport_Click() {
+    ClearStatus();
+    filing_.Export();
     ShowStatus();
 }
 
@@ -321,28 +300,10 @@ void FrmTest::CmdReport_Click() {
         leaving_ = outcome == ReportOutcome::ProgramEnds;
 }
 
-void FrmTest::CmdExport_Click() {
-    ClearStatus();
-    Guarded([this] {
-        if (const Result exported = Exported(); !exported)
-            parts_.ThePrompts.Inform(exported.Message());
-    });
-    ShowStatus();
-}
-
-Result FrmTest::Exported() {
-    return parts_.Exporter ? ExportResults(*parts_.Exporter, parts_.TheSession) : Result::Failed(NoSpreadsheetExport);
-}
-
-void FrmTest::ShowStatus() { LblStatus_->Show(failures_ + FilingLines(parts_.TheSession)); }
-
-void FrmTest::AddToStatus(const QString& text) {
-    if (!failures_.contains(text))
-        failures_ += text;
-}
+void FrmTest::ShowStatus() { LblStatus_->Show(filing_.Lines()); }
 
 void FrmTest::ClearStatus() {
-    failures_.clear();
+    filing_.ForgetFailures();
     ShowStatus();
 }
 
@@ -406,19 +367,4 @@ void FrmTest::ApplyReadingSize() {
                                qMax((begins ? 5 : 4) * GridUnit, metrics.height() + GridUnit));
     }
     TxtQuest_->updateGeometry();
-}
-
-void FrmTest::wheelEvent(QWheelEvent* event) {
-    if (!event->modifiers().testFlag(Qt::ControlModifier))
-        return QMainWindow::wheelEvent(event);
-    if (const int turned = event->angleDelta().y(); turned != 0)
-        ChangeReadingSize(turned > 0 ? 1 : -1);
-    event->accept();
-}
-
-bool FrmTest::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Wheel || !static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier))
-        return QMainWindow::eventFilter(watched, event);
-    wheelEvent(static_cast<QWheelEvent*>(event));
-    return true;
 }

@@ -9,7 +9,7 @@
 #include "taker/Administration.h"
 #include "taker/AnswerSizes.h"
 #include "taker/ReadingSize.h"
-#include "taker/SpreadsheetExporter.h"
+#include "taker/ResultFiling.h"
 #include "taker/ui/AnswerPanel.h"
 #include "taker/ui/QuestionWindow.h"
 #include "taker/ui/StatusLine.h"
@@ -51,8 +51,6 @@ class FrmTest : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Form_Load();
@@ -77,17 +75,13 @@ class FrmTest : public QMainWindow {
 
     /// Runs a step of the administration and shows where it led. What fails is told, and the window stays as it was.
     void Step(const std::function<void()>& step);
-    void Guarded(const std::function<void()>& action);
     void ShowPage();
     void ShowButtons();
     void RunCompletion();
-    void RunAutoReport();
-    Result Exported();
     /// Whether the window may be left: nothing would be lost, or the person said so.
     bool MayLeave();
     /// Shows what failed, and what is in which file.
     void ShowStatus();
-    void AddToStatus(const QString& text);
     void ClearStatus();
     void ChangeReadingSize(int direction);
     void ApplyReadingSize();
@@ -95,9 +89,9 @@ class FrmTest : public QMainWindow {
     TestWindowParts parts_;
     AnswerSizes sizes_;
     Administration course_;
+    ResultFiling filing_;
     bool leaving_ = false;
     ReadingSize readingSize_;
-    QStringList failures_;
 
     TestMenus* menus_ = nullptr;
     QGroupBox* framequest_ = nullptr;

@@ -116,7 +116,12 @@ void frmEdit::CloseWithoutQuestion() {
     close();
 }
 
-void frmEdit::closeEvent(QCloseEvent* event) { event->setAccepted(closeWithoutQuestion_ || document_.MayClose()); }
+void frmEdit::closeEvent(QCloseEvent* event) {
+    const bool closes = closeWithoutQuestion_ || document_.MayClose();
+    if (closes && document_.Unsaved())
+        Q_EMIT Dropped();
+    event->setAccepted(closes);
+}
 
 // The text box would answer these keys itself; they belong to the menu.
 bool frmEdit::eventFilter(QObject* watched, QEvent* event) {

@@ -50,6 +50,10 @@ class frmEdit : public QMainWindow, private ReportView {
     QAction* MnuEditFont = nullptr;
     QAction* pasteword = nullptr;
 
+  Q_SIGNALS:
+    /// The window closes with a text that is not saved.
+    void Dropped();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
