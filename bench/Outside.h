@@ -9,6 +9,7 @@
 // Nothing outside the windows is reached while they are measured.
 class NoPrompts : public Prompts {
     PromptAnswer Ask(const Prompt&) override { return PromptAnswer::Ok; }
+    int Choose(const ChoicePrompt& prompt) override { return prompt.Escape; }
 };
 class NoChooser : public FileChooser {
     QString OpenFile(const FileQuestion&) override { return {}; }

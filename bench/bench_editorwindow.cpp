@@ -22,7 +22,7 @@ struct OpenEditor {
         test = FullestTest(10);
         window = std::make_unique<frmTestEditor>(EditorFileParts{test, settings, prompts, chooser, navigator, copies});
         // The file couldn't be opened at this length, so the window takes the document as one that was left unsaved.
-        window->LoadRecovered();
+        window->LoadRecovered({});
         window->show();
         Settle();
     }

@@ -15,6 +15,7 @@ class NoPrompts : public Prompts {
         std::fprintf(stderr, "%s\n", qPrintable(prompt.Text));
         std::exit(1);
     }
+    int Choose(const ChoicePrompt& prompt) override { return prompt.Escape; }
 };
 
 /// So many questions of five answers from the answer template, in five sub-scales.
