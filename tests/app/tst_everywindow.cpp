@@ -100,8 +100,11 @@ class Faults {
             Add(Sizes, QStringLiteral("opens with %1 x %2").arg(window.width()).arg(window.height()));
         const QSize usual = window.size();
         const QSize small(SmallScreen.width(), SmallScreen.height() - TitleBar);
-        window.resize(usual.boundedTo(small));
-        QTest::qWait(30);
+        // Twice, as by hand: a window that gives up a picture on its way can then become smaller still.
+        for (int step = 0; step < 2; ++step) {
+            window.resize(usual.boundedTo(small));
+            QTest::qWait(30);
+        }
         if (window.width() > small.width() || window.height() > small.height())
             Add(Sizes, QStringLiteral("needs %1 x %2").arg(window.width()).arg(window.height()));
         const auto controls = ControlsOf(window);

@@ -122,7 +122,8 @@ void tst_navigator::CommandLine_BrokenTest_StartScreenComes() {
     Program program;
     program.Put(QStringLiteral("Mood.vlm"), Mood + "[Q]");
     program.start.CommandLinePath = program.folder.filePath(QStringLiteral("Mood.vlm"));
-    program.prompts.Expect(QStringLiteral(" in the file: ") + program.start.CommandLinePath).InPart();
+    program.prompts.Expect(QStringLiteral(" in the file: ") + QDir::toNativeSeparators(program.start.CommandLinePath))
+        .InPart();
     program.navigator.ShowStartScreen();
     QCOMPARE(program.ends, 0);
     QVERIFY(program.navigator.StartScreen()->isVisible());

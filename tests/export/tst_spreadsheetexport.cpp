@@ -226,7 +226,7 @@ void tst_spreadsheetexport::Export_ExistingWorkbook_RowAfterTheLast() {
     QCOMPARE(exporting.log.Row(1), QString());
     QCOMPARE(exporting.log.Row(5), QStringLiteral("\"Ann Lee\" 2026-11-21 0 0 0 0 0 0 0"));
     QCOMPARE(exporting.session.SpreadsheetFilePath,
-             exporting.folder.path() + QDir::separator() + QStringLiteral("Vellumo Results.exl"));
+             QDir::toNativeSeparators(exporting.folder.filePath(QStringLiteral("Vellumo Results.exl"))));
 }
 
 /// The columns of the tests below: "Client", "Total Score", "Q.1 " and "Q.4 ".

@@ -85,7 +85,7 @@ void tst_windows::Settings_FirstRun_AllKeysInTheRegistry() {
     RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
                      nullptr);
     RegCloseKey(key);
-    QCOMPARE(values, 13u);
+    QCOMPARE(values, 14u);
     const RegistrySettingsStore store;
     QCOMPARE(store.Read(QStringLiteral("NamePersist"), {}), QStringLiteral("True"));
     QCOMPARE(store.Read(QStringLiteral("defaultdirectory"), {}), QStringLiteral("C:\\Vellumo"));
