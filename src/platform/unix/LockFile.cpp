@@ -89,6 +89,8 @@ void LockFile::SetContent(const QByteArray& content) {
     const int file = static_cast<int>(handle_);
     // Blanks to a fixed length, so that one write replaces all of it and a kill leaves the old or the new.
     const QByteArray padded = content.leftJustified(512, ' ');
-    if (file >= 0 && pwrite(file, padded.constData(), static_cast<size_t>(padded.size()), 0) == padded.size())
-        ftruncate(file, padded.size());
+    if (file < 0 || pwrite(file, padded.constData(), static_cast<size_t>(padded.size()), 0) != padded.size())
+        return;
+    // What an older lock file has after this holds no note, so nothing depends on the cut.
+    [[maybe_unused]] const int cut = ftruncate(file, padded.size());
 }
