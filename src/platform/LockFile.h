@@ -4,7 +4,7 @@
 #include <QString>
 
 /// A file that one program at a time can hold, by the system's own locks: they end with their program, however it ends.
-/// What stands in the file is for people and for the next holder; it locks nothing.
+/// What the file holds is for people and for the next holder; it locks nothing.
 class LockFile {
   public:
     enum class Outcome { Taken, Busy, Impossible };
@@ -19,7 +19,7 @@ class LockFile {
     /// Lets go of it and removes the file, unless it is to stay for the next holder.
     void LetGo(bool fileStays);
 
-    /// What stands in the file now, also while another has it.
+    /// What the file holds now, also while another has it.
     QByteArray Content() const;
     /// For the holder: another content in one step. A failure is of no consequence.
     void SetContent(const QByteArray& content);

@@ -20,7 +20,7 @@ Result Failed(const QString& path, const QString& reason, const QString& kept) {
     return ResultOf(path, {false, reason, kept});
 }
 
-/// What stands in the system's folders of devices and of open files isn't replaced, whatever it leads to.
+/// What is in the system's folders of devices and of open files isn't replaced, whatever it leads to.
 bool LeadsToDevice(const QString& path) {
     QFileInfo info(path);
     constexpr int mostLinks = 40;
